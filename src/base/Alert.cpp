@@ -5,7 +5,8 @@ AlertHandler gHandler = nullptr;
 }
 
 int ShowAlert(const char16_t* text, const char16_t* caption, uint32_t flags) {
-    return gHandler != nullptr ? gHandler(text, caption, flags) : PlatformAlert(text, caption, flags);
+    return gHandler != nullptr ? gHandler(text, caption, flags)
+                               : PlatformAlert(text, caption, flags);
 }
 
 AlertHandler SetAlertHandler(AlertHandler handler) {

@@ -7,7 +7,8 @@
 namespace {
 std::string Narrow(const char16_t* text) {
     std::string out;
-    for (; text != nullptr && *text != 0; ++text) out += *text < 0x80 ? static_cast<char>(*text) : '?';
+    for (; text != nullptr && *text != 0; ++text)
+        out += *text < 0x80 ? static_cast<char>(*text) : '?';
     return out;
 }
 }  // namespace

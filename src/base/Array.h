@@ -22,11 +22,12 @@ void* Allocate(size_t n, size_t bytes);
 
 template <typename T>
 class Array {
-public:
+  public:
     Array() = default;
     Array(const Array& other) { Copy(other); }
     Array& operator=(const Array& other) {
-        if (this != &other) Copy(other);
+        if (this != &other)
+            Copy(other);
         return *this;
     }
     ~Array() { SetSize(0); }
@@ -73,7 +74,8 @@ public:
     /// SetSize(other.size) then element-wise assignment.
     void Copy(const Array& other) {
         SetSize(other.size_);
-        for (int i = 0; i < size_; ++i) data_[i] = other.data_[i];
+        for (int i = 0; i < size_; ++i)
+            data_[i] = other.data_[i];
     }
 
     T* begin() { return data_; }
@@ -81,12 +83,14 @@ public:
     const T* begin() const { return data_; }
     const T* end() const { return data_ + size_; }
 
-private:
+  private:
     void DestroyRange(int from, int to) {
-        for (int i = from; i < to; ++i) data_[i].~T();
+        for (int i = from; i < to; ++i)
+            data_[i].~T();
     }
     void ConstructRange(int from, int to) {
-        for (int i = from; i < to; ++i) new (&data_[i]) T();
+        for (int i = from; i < to; ++i)
+            new (&data_[i]) T();
     }
     static T* AllocateElements(int n) {
         return static_cast<T*>(array_detail::Allocate(static_cast<size_t>(n), sizeof(T)));
@@ -100,7 +104,8 @@ private:
 
 template <typename T>
 void Array<T>::SetSize(int n, int growBy) {
-    if (growBy != -1) growBy_ = growBy;
+    if (growBy != -1)
+        growBy_ = growBy;
     if (n <= 0) {
         DestroyRange(0, size_);
         std::free(data_);
@@ -142,16 +147,20 @@ void Array<T>::SetSize(int n, int growBy) {
 
 template <typename T>
 void Array<T>::RemoveAt(int i, int count) {
-    if (i < 0 || count <= 0 || i + count > size_) return;
-    for (int k = i; k + count < size_; ++k) data_[k] = std::move(data_[k + count]);
+    if (i < 0 || count <= 0 || i + count > size_)
+        return;
+    for (int k = i; k + count < size_; ++k)
+        data_[k] = std::move(data_[k + count]);
     SetSize(size_ - count);
 }
 
 template <typename T>
 void Array<T>::InsertAt(int i, const T& value) {
-    if (i < 0 || i > size_) return;
+    if (i < 0 || i > size_)
+        return;
     T copy = value;  // value may live in this array
     SetSize(size_ + 1);
-    for (int k = size_ - 1; k > i; --k) data_[k] = std::move(data_[k - 1]);
+    for (int k = size_ - 1; k > i; --k)
+        data_[k] = std::move(data_[k - 1]);
     data_[i] = std::move(copy);
 }

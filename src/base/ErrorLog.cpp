@@ -15,7 +15,8 @@ char16_t gLogPath[280 + 5];
 // Each piece goes to the ANSI code page on its own, into as many bytes as it has characters.
 void WritePiece(file::Appender& out, const char16_t* piece) {
     int n = static_cast<int>(chars::Length(piece));
-    if (n == 0) return;
+    if (n == 0)
+        return;
     std::vector<char> bytes(static_cast<size_t>(n), 0);
     locale_text::ToAnsi(piece, n, bytes.data(), n);
     out.Write(bytes.data(), bytes.size());
@@ -28,14 +29,16 @@ void ErrorLog(const char16_t* path, const char16_t* message, const char16_t* sou
     char16_t stamp[260];
     locale_text::FormatLogStamp(stamp, 260);
     file::Appender out(path);
-    if (!out.IsOpen()) return;
+    if (!out.IsOpen())
+        return;
     char16_t number[16];
     Str digits;
     digits.Format(u"%d", line);
     chars::CopyN(number, 16, digits);
-    const char16_t* pieces[] = {stamp,    message, u"\t\t", source, u": ", function,
-                                u" (",    number,  u")",    u"\r\n"};
-    for (const char16_t* piece : pieces) WritePiece(out, piece);
+    const char16_t* pieces[] = {stamp,    message, u"\t\t", source, u": ",
+                                function, u" (",   number,  u")",   u"\r\n"};
+    for (const char16_t* piece : pieces)
+        WritePiece(out, piece);
 }
 
 const char16_t* ErrorLogPath() {
@@ -47,9 +50,10 @@ const char16_t* ErrorLogPath() {
     return u"\\error.log";
 }
 
-void SetErrorLogModule(ModuleHandle module) { gLogModule = module; }
+void SetErrorLogModule(ModuleHandle module) {
+    gLogModule = module;
+}
 
-void LogError(const char16_t* message, const char16_t* source, const char16_t* function,
-              int line) {
+void LogError(const char16_t* message, const char16_t* source, const char16_t* function, int line) {
     ErrorLog(ErrorLogPath(), message, source, function, line);
 }

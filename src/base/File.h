@@ -17,7 +17,7 @@ bool Stamp(const char16_t* path, uint64_t& writeTime, uint64_t& size);
 
 /// A file opened for appending (created when absent, shared for reading and writing).
 class Appender {
-public:
+  public:
     explicit Appender(const char16_t* path);
     ~Appender();
     Appender(const Appender&) = delete;
@@ -25,7 +25,7 @@ public:
     bool IsOpen() const { return handle_ != nullptr; }
     bool Write(const void* bytes, size_t n);
 
-private:
+  private:
     void* handle_;
 };
 

@@ -35,7 +35,9 @@ void AppendUtf8(std::string& out, char32_t c) {
 
 }  // namespace
 
-void SetRoot(const std::string& root) { gRoot = root; }
+void SetRoot(const std::string& root) {
+    gRoot = root;
+}
 
 std::string HostPath(const char16_t* path) {
     std::string out = gRoot + "/";
@@ -45,8 +47,10 @@ std::string HostPath(const char16_t* path) {
             c = 0x10000 + ((c - 0xD800) << 10) + (p[1] - 0xDC00);
             ++p;
         }
-        if (c == u'\\') c = u'/';
-        if (c == u'/' && out.back() == '/') continue;
+        if (c == u'\\')
+            c = u'/';
+        if (c == u'/' && out.back() == '/')
+            continue;
         AppendUtf8(out, c);
     }
     return out;
@@ -59,14 +63,16 @@ bool Exists(const char16_t* path) {
 
 bool ReadAll(const char16_t* path, std::vector<uint8_t>& out) {
     std::ifstream in(HostPath(path), std::ios::binary);
-    if (!in) return false;
+    if (!in)
+        return false;
     out.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
     return !in.bad();
 }
 
 bool Stamp(const char16_t* path, uint64_t& writeTime, uint64_t& size) {
     struct stat info {};
-    if (stat(HostPath(path).c_str(), &info) != 0) return false;
+    if (stat(HostPath(path).c_str(), &info) != 0)
+        return false;
     writeTime = static_cast<uint64_t>(info.st_mtim.tv_sec) * 1000000000ull +
                 static_cast<uint64_t>(info.st_mtim.tv_nsec);
     size = static_cast<uint64_t>(info.st_size);
@@ -76,7 +82,8 @@ bool Stamp(const char16_t* path, uint64_t& writeTime, uint64_t& size) {
 Appender::Appender(const char16_t* path) : handle_(std::fopen(HostPath(path).c_str(), "ab")) {}
 
 Appender::~Appender() {
-    if (handle_ != nullptr) std::fclose(static_cast<FILE*>(handle_));
+    if (handle_ != nullptr)
+        std::fclose(static_cast<FILE*>(handle_));
 }
 
 bool Appender::Write(const void* bytes, size_t n) {

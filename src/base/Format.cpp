@@ -20,12 +20,15 @@ struct Spec {
     char16_t conversion = 0;
 };
 
-bool IsFlag(char16_t c) { return c == u'-' || c == u'+' || c == u'0' || c == u' ' || c == u'#'; }
+bool IsFlag(char16_t c) {
+    return c == u'-' || c == u'+' || c == u'0' || c == u' ' || c == u'#';
+}
 
 int ReadNumber(const char16_t*& p) {
     int value = 0;
     while (chars::IsDigit(*p)) {
-        if (value < 100000000) value = value * 10 + (*p - u'0');
+        if (value < 100000000)
+            value = value * 10 + (*p - u'0');
         ++p;
     }
     return value;
@@ -35,11 +38,21 @@ int ReadNumber(const char16_t*& p) {
 const char16_t* ParseSpec(const char16_t* p, va_list& args, Spec& spec) {
     for (; IsFlag(*p); ++p) {
         switch (*p) {
-            case u'-': spec.left = true; break;
-            case u'+': spec.plus = true; break;
-            case u'0': spec.zero = true; break;
-            case u' ': spec.space = true; break;
-            default: spec.alternate = true; break;
+            case u'-':
+                spec.left = true;
+                break;
+            case u'+':
+                spec.plus = true;
+                break;
+            case u'0':
+                spec.zero = true;
+                break;
+            case u' ':
+                spec.space = true;
+                break;
+            default:
+                spec.alternate = true;
+                break;
         }
     }
     if (*p == u'*') {
@@ -75,7 +88,8 @@ const char16_t* ParseSpec(const char16_t* p, va_list& args, Spec& spec) {
             spec.narrow = true;
             ++p;
         } else if (*p == u'l' || *p == u'w') {
-            if (spec.size != Size::LongLong) spec.size = Size::Long;
+            if (spec.size != Size::LongLong)
+                spec.size = Size::Long;
             spec.wide = true;
             ++p;
         } else if (*p == u'F' || *p == u'L' || *p == u'N') {
@@ -90,13 +104,15 @@ const char16_t* ParseSpec(const char16_t* p, va_list& args, Spec& spec) {
 
 size_t NarrowLength(const char* s, int precision) {
     size_t n = 0;
-    while (s[n] != 0 && (precision < 0 || n < static_cast<size_t>(precision))) ++n;
+    while (s[n] != 0 && (precision < 0 || n < static_cast<size_t>(precision)))
+        ++n;
     return n;
 }
 
 size_t WideLength(const char16_t* s, int precision) {
     size_t n = 0;
-    while (s[n] != 0 && (precision < 0 || n < static_cast<size_t>(precision))) ++n;
+    while (s[n] != 0 && (precision < 0 || n < static_cast<size_t>(precision)))
+        ++n;
     return n;
 }
 
@@ -108,24 +124,28 @@ bool IsWideText(const Spec& spec) {
 
 // Writes characters into the caller's buffer, cutting at its end but counting everything.
 class Sink {
-public:
+  public:
     Sink(char16_t* buf, size_t cap) : buf_(buf), cap_(cap) {}
     void Put(char16_t c) {
-        if (buf_ != nullptr && count_ + 1 < cap_) buf_[count_] = c;
+        if (buf_ != nullptr && count_ + 1 < cap_)
+            buf_[count_] = c;
         ++count_;
     }
     void Repeat(char16_t c, size_t n) {
-        for (size_t i = 0; i < n; ++i) Put(c);
+        for (size_t i = 0; i < n; ++i)
+            Put(c);
     }
     void PutAscii(const char* s, size_t n) {
-        for (size_t i = 0; i < n; ++i) Put(static_cast<unsigned char>(s[i]));
+        for (size_t i = 0; i < n; ++i)
+            Put(static_cast<unsigned char>(s[i]));
     }
     size_t Finish() {
-        if (buf_ != nullptr && cap_ > 0) buf_[count_ < cap_ ? count_ : cap_ - 1] = 0;
+        if (buf_ != nullptr && cap_ > 0)
+            buf_[count_ < cap_ ? count_ : cap_ - 1] = 0;
         return count_;
     }
 
-private:
+  private:
     char16_t* buf_;
     size_t cap_;
     size_t count_ = 0;
@@ -135,9 +155,11 @@ private:
 template <typename PutBody>
 void Pad(Sink& out, const Spec& spec, size_t n, PutBody put) {
     size_t pad = spec.width > 0 && static_cast<size_t>(spec.width) > n ? spec.width - n : 0;
-    if (!spec.left) out.Repeat(u' ', pad);
+    if (!spec.left)
+        out.Repeat(u' ', pad);
     put();
-    if (spec.left) out.Repeat(u' ', pad);
+    if (spec.left)
+        out.Repeat(u' ', pad);
 }
 
 void PutText(Sink& out, const Spec& spec, const void* text) {
@@ -149,7 +171,8 @@ void PutText(Sink& out, const Spec& spec, const void* text) {
         auto* s = static_cast<const char16_t*>(text);
         size_t n = WideLength(s, spec.precision);
         Pad(out, spec, n, [&] {
-            for (size_t i = 0; i < n; ++i) out.Put(s[i]);
+            for (size_t i = 0; i < n; ++i)
+                out.Put(s[i]);
         });
     } else {
         // Narrow text is taken byte for byte (Latin-1), the same on every platform.
@@ -171,17 +194,29 @@ void PutInteger(Sink& out, const Spec& spec, uint64_t magnitude, bool negative) 
     unsigned base = 10;
     const char* alphabet = "0123456789abcdef";
     switch (spec.conversion) {
-        case u'x': base = 16; break;
+        case u'x':
+            base = 16;
+            break;
         case u'X':
-        case u'p': base = 16; alphabet = "0123456789ABCDEF"; break;
-        case u'o': base = 8; break;
-        default: break;
+        case u'p':
+            base = 16;
+            alphabet = "0123456789ABCDEF";
+            break;
+        case u'o':
+            base = 8;
+            break;
+        default:
+            break;
     }
-    for (uint64_t v = magnitude; v != 0; v /= base) digits[n++] = alphabet[v % base];
+    for (uint64_t v = magnitude; v != 0; v /= base)
+        digits[n++] = alphabet[v % base];
     size_t minDigits = spec.precision >= 0 ? static_cast<size_t>(spec.precision) : 1;
-    if (spec.conversion == u'p') minDigits = sizeof(void*) * 2;
-    if (minDigits > 64) minDigits = 64;
-    while (n < minDigits) digits[n++] = '0';
+    if (spec.conversion == u'p')
+        minDigits = sizeof(void*) * 2;
+    if (minDigits > 64)
+        minDigits = 64;
+    while (n < minDigits)
+        digits[n++] = '0';
     bool isSigned = spec.conversion == u'd' || spec.conversion == u'i';
     const char* prefix = "";
     if (negative) {
@@ -199,32 +234,53 @@ void PutInteger(Sink& out, const Spec& spec, uint64_t magnitude, bool negative) 
     size_t body = prefixLength + n;
     size_t pad = spec.width > 0 && static_cast<size_t>(spec.width) > body ? spec.width - body : 0;
     bool zeroPad = spec.zero && !spec.left && spec.precision < 0;
-    if (!spec.left && !zeroPad) out.Repeat(u' ', pad);
+    if (!spec.left && !zeroPad)
+        out.Repeat(u' ', pad);
     out.PutAscii(prefix, prefixLength);
-    if (zeroPad) out.Repeat(u'0', pad);
-    while (n > 0) out.Put(static_cast<unsigned char>(digits[--n]));
-    if (spec.left) out.Repeat(u' ', pad);
+    if (zeroPad)
+        out.Repeat(u'0', pad);
+    while (n > 0)
+        out.Put(static_cast<unsigned char>(digits[--n]));
+    if (spec.left)
+        out.Repeat(u' ', pad);
 }
 
 void PutSigned(Sink& out, const Spec& spec, va_list& args) {
     int64_t value;
     switch (spec.size) {
-        case Size::LongLong: value = va_arg(args, long long); break;
-        case Size::Long: value = va_arg(args, long); break;
-        case Size::Short: value = static_cast<short>(va_arg(args, int)); break;
-        default: value = va_arg(args, int); break;
+        case Size::LongLong:
+            value = va_arg(args, long long);
+            break;
+        case Size::Long:
+            value = va_arg(args, long);
+            break;
+        case Size::Short:
+            value = static_cast<short>(va_arg(args, int));
+            break;
+        default:
+            value = va_arg(args, int);
+            break;
     }
-    uint64_t magnitude = value < 0 ? 0 - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
+    uint64_t magnitude =
+        value < 0 ? 0 - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
     PutInteger(out, spec, magnitude, value < 0);
 }
 
 void PutUnsigned(Sink& out, const Spec& spec, va_list& args) {
     uint64_t value;
     switch (spec.size) {
-        case Size::LongLong: value = va_arg(args, unsigned long long); break;
-        case Size::Long: value = va_arg(args, unsigned long); break;
-        case Size::Short: value = static_cast<unsigned short>(va_arg(args, unsigned)); break;
-        default: value = va_arg(args, unsigned); break;
+        case Size::LongLong:
+            value = va_arg(args, unsigned long long);
+            break;
+        case Size::Long:
+            value = va_arg(args, unsigned long);
+            break;
+        case Size::Short:
+            value = static_cast<unsigned short>(va_arg(args, unsigned));
+            break;
+        default:
+            value = va_arg(args, unsigned);
+            break;
     }
     PutInteger(out, spec, value, false);
 }
@@ -237,20 +293,27 @@ void PutFloat(Sink& out, const Spec& spec, double value) {
     char format[32];
     char* f = format;
     *f++ = '%';
-    if (spec.left) *f++ = '-';
-    if (spec.plus) *f++ = '+';
-    if (spec.space) *f++ = ' ';
-    if (spec.zero) *f++ = '0';
-    if (spec.alternate) *f++ = '#';
+    if (spec.left)
+        *f++ = '-';
+    if (spec.plus)
+        *f++ = '+';
+    if (spec.space)
+        *f++ = ' ';
+    if (spec.zero)
+        *f++ = '0';
+    if (spec.alternate)
+        *f++ = '#';
     std::snprintf(f, sizeof(format) - 8, "*.*%c", static_cast<char>(spec.conversion));
     int precision = spec.precision < 0 ? 6 : spec.precision;
     int length = std::snprintf(nullptr, 0, format, spec.width, precision, value);
-    if (length <= 0) return;
+    if (length <= 0)
+        return;
     char stack[512];
     char* text = static_cast<size_t>(length) < sizeof(stack) ? stack : new char[length + 1];
     std::snprintf(text, static_cast<size_t>(length) + 1, format, spec.width, precision, value);
     out.PutAscii(text, static_cast<size_t>(length));
-    if (text != stack) delete[] text;
+    if (text != stack)
+        delete[] text;
 }
 
 #pragma GCC diagnostic pop
@@ -267,13 +330,17 @@ size_t TextEstimate(const Spec& spec, const void* text) {
     } else {
         n = IsWideText(spec) ? chars::Length(static_cast<const char16_t*>(text))
                              : std::strlen(static_cast<const char*>(text));
-        if (n < 1) n = 1;
+        if (n < 1)
+            n = 1;
     }
-    if (spec.precision > 0 && static_cast<size_t>(spec.precision) < n) n = spec.precision;
+    if (spec.precision > 0 && static_cast<size_t>(spec.precision) < n)
+        n = spec.precision;
     return n > static_cast<size_t>(spec.width) ? n : static_cast<size_t>(spec.width);
 }
 
-size_t AtLeast(size_t value, size_t floor) { return value < floor ? floor : value; }
+size_t AtLeast(size_t value, size_t floor) {
+    return value < floor ? floor : value;
+}
 
 }  // namespace
 
@@ -289,15 +356,26 @@ size_t FormatEstimate(const char16_t* format, va_list args) {
         }
         Spec spec;
         p = ParseSpec(p, ap, spec);
-        if (spec.alternate) total += 2;
+        if (spec.alternate)
+            total += 2;
         size_t widthAndPrecision = static_cast<size_t>(spec.width) +
                                    static_cast<size_t>(spec.precision > 0 ? spec.precision : 0);
         switch (spec.conversion) {
             case u'c':
-            case u'C': total += 2; (void)va_arg(ap, int); break;
+            case u'C':
+                total += 2;
+                (void)va_arg(ap, int);
+                break;
             case u's':
-            case u'S': total += TextEstimate(spec, va_arg(ap, const void*)); break;
-            case u'd': case u'i': case u'u': case u'x': case u'X': case u'o':
+            case u'S':
+                total += TextEstimate(spec, va_arg(ap, const void*));
+                break;
+            case u'd':
+            case u'i':
+            case u'u':
+            case u'x':
+            case u'X':
+            case u'o':
                 total += AtLeast(widthAndPrecision, 32);
                 if (spec.size == Size::LongLong) {
                     (void)va_arg(ap, long long);
@@ -307,8 +385,15 @@ size_t FormatEstimate(const char16_t* format, va_list args) {
                     (void)va_arg(ap, int);
                 }
                 break;
-            case u'p': total += AtLeast(widthAndPrecision, 32); (void)va_arg(ap, void*); break;
-            case u'e': case u'E': case u'g': case u'G': case u'a':
+            case u'p':
+                total += AtLeast(widthAndPrecision, 32);
+                (void)va_arg(ap, void*);
+                break;
+            case u'e':
+            case u'E':
+            case u'g':
+            case u'G':
+            case u'a':
                 total += AtLeast(widthAndPrecision, 128);
                 (void)va_arg(ap, double);
                 break;
@@ -316,9 +401,14 @@ size_t FormatEstimate(const char16_t* format, va_list args) {
                 total += FloatEstimate(spec.width, spec.precision > 0 ? spec.precision : 0,
                                        va_arg(ap, double));
                 break;
-            case u'n': (void)va_arg(ap, void*); break;
-            case 0: break;
-            default: ++total; break;
+            case u'n':
+                (void)va_arg(ap, void*);
+                break;
+            case 0:
+                break;
+            default:
+                ++total;
+                break;
         }
     }
     va_end(ap);
@@ -342,20 +432,44 @@ size_t FormatInto(char16_t* buf, size_t cap, const char16_t* format, va_list arg
         Spec spec;
         p = ParseSpec(p + 1, ap, spec);
         switch (spec.conversion) {
-            case u'c': case u'C': PutChar(out, spec, va_arg(ap, int)); break;
-            case u's': case u'S': PutText(out, spec, va_arg(ap, const void*)); break;
-            case u'd': case u'i': PutSigned(out, spec, ap); break;
-            case u'u': case u'x': case u'X': case u'o': PutUnsigned(out, spec, ap); break;
+            case u'c':
+            case u'C':
+                PutChar(out, spec, va_arg(ap, int));
+                break;
+            case u's':
+            case u'S':
+                PutText(out, spec, va_arg(ap, const void*));
+                break;
+            case u'd':
+            case u'i':
+                PutSigned(out, spec, ap);
+                break;
+            case u'u':
+            case u'x':
+            case u'X':
+            case u'o':
+                PutUnsigned(out, spec, ap);
+                break;
             case u'p':
                 PutInteger(out, spec, reinterpret_cast<uintptr_t>(va_arg(ap, void*)), false);
                 break;
-            case u'e': case u'E': case u'f': case u'g': case u'G': case u'a':
+            case u'e':
+            case u'E':
+            case u'f':
+            case u'g':
+            case u'G':
+            case u'a':
                 PutFloat(out, spec, va_arg(ap, double));
                 break;
             // %n is consumed but never written through: a format must not store into memory.
-            case u'n': (void)va_arg(ap, void*); break;
-            case 0: break;
-            default: out.Put(spec.conversion); break;
+            case u'n':
+                (void)va_arg(ap, void*);
+                break;
+            case 0:
+                break;
+            default:
+                out.Put(spec.conversion);
+                break;
         }
     }
     va_end(ap);

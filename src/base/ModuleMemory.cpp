@@ -27,29 +27,36 @@ State& Modules() {
 }
 
 FakeModule* Find(ModuleHandle handle) {
-    if (handle == &Modules().program) return &Modules().program;
+    if (handle == &Modules().program)
+        return &Modules().program;
     for (auto& m : Modules().others) {
-        if (m.get() == handle) return m.get();
+        if (m.get() == handle)
+            return m.get();
     }
     return nullptr;
 }
 
 }  // namespace
 
-ModuleHandle ProgramModule() { return &Modules().program; }
+ModuleHandle ProgramModule() {
+    return &Modules().program;
+}
 
 int ModuleFileName(ModuleHandle module, char16_t* buf, int cap) {
     FakeModule* m = Find(module);
-    if (m == nullptr || cap <= 0 || m->fileName.empty()) return 0;
+    if (m == nullptr || cap <= 0 || m->fileName.empty())
+        return 0;
     return static_cast<int>(chars::CopyN(buf, static_cast<size_t>(cap), m->fileName.c_str()));
 }
 
 int LoadResourceText(ModuleHandle module, uint32_t id, char16_t* buf, int cap) {
     Modules().loadSizes.push_back(cap);
     FakeModule* m = Find(module);
-    if (m == nullptr || cap <= 0) return 0;
+    if (m == nullptr || cap <= 0)
+        return 0;
     auto s = m->strings.find(id);
-    if (s == m->strings.end()) return 0;
+    if (s == m->strings.end())
+        return 0;
     return static_cast<int>(chars::CopyN(buf, static_cast<size_t>(cap), s->second.c_str()));
 }
 
@@ -68,13 +75,17 @@ ModuleHandle MakeModule() {
 }
 
 void SetFileName(ModuleHandle module, const char16_t* name) {
-    if (FakeModule* m = Find(module)) m->fileName = name != nullptr ? name : u"";
+    if (FakeModule* m = Find(module))
+        m->fileName = name != nullptr ? name : u"";
 }
 
 void SetString(ModuleHandle module, uint32_t id, const char16_t* text) {
-    if (FakeModule* m = Find(module)) m->strings[id] = text;
+    if (FakeModule* m = Find(module))
+        m->strings[id] = text;
 }
 
-std::vector<int> LoadBufferSizes() { return Modules().loadSizes; }
+std::vector<int> LoadBufferSizes() {
+    return Modules().loadSizes;
+}
 
 }  // namespace module_memory

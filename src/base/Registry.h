@@ -33,7 +33,7 @@ bool DeleteTree(const char16_t* path);
 
 /// Owns an open key.
 class KeyHolder {
-public:
+  public:
     explicit KeyHolder(Key key = nullptr) : key_(key) {}
     ~KeyHolder() { Close(key_); }
     KeyHolder(const KeyHolder&) = delete;
@@ -41,7 +41,7 @@ public:
     Key get() const { return key_; }
     explicit operator bool() const { return key_ != nullptr; }
 
-private:
+  private:
     Key key_;
 };
 

@@ -14,12 +14,13 @@ namespace registry {
 namespace {
 
 std::u16string Fold(std::u16string text) {
-    for (char16_t& c : text) c = chars::AsciiLower(c);
+    for (char16_t& c : text)
+        c = chars::AsciiLower(c);
     return text;
 }
 
 struct StoredKey {
-    std::u16string path;  // as first created
+    std::u16string path;                                                        // as first created
     std::map<std::u16string, std::pair<std::u16string, memory::Value>> values;  // folded name
 };
 
@@ -37,7 +38,8 @@ State& Store() {
 
 std::u16string Normalise(const char16_t* path) {
     std::u16string p = path != nullptr ? std::u16string(path) : std::u16string();
-    while (!p.empty() && p.back() == u'\\') p.pop_back();
+    while (!p.empty() && p.back() == u'\\')
+        p.pop_back();
     return p;
 }
 
@@ -48,7 +50,8 @@ struct KeyTag {
 };
 
 Key Create(const char16_t* path) {
-    if (Store().failCreate) return nullptr;
+    if (Store().failCreate)
+        return nullptr;
     std::u16string p = Normalise(path);
     // Parents exist whenever a child does.
     for (size_t at = p.find(u'\\'); at != std::u16string::npos; at = p.find(u'\\', at + 1)) {
@@ -61,49 +64,63 @@ Key Create(const char16_t* path) {
 
 Key Open(const char16_t* path) {
     std::u16string folded = Fold(Normalise(path));
-    if (Store().keys.count(folded) == 0) return nullptr;
+    if (Store().keys.count(folded) == 0)
+        return nullptr;
     return new KeyTag{folded};
 }
 
-void Close(Key key) { delete key; }
+void Close(Key key) {
+    delete key;
+}
 
 bool Query(Key key, const char16_t* name, uint32_t* type, void* data, uint32_t* size) {
-    if (key == nullptr) return false;
+    if (key == nullptr)
+        return false;
     auto k = Store().keys.find(key->folded);
-    if (k == Store().keys.end()) return false;
+    if (k == Store().keys.end())
+        return false;
     auto v = k->second.values.find(Fold(name != nullptr ? name : u""));
-    if (v == k->second.values.end()) return false;
+    if (v == k->second.values.end())
+        return false;
     const memory::Value& value = v->second.second;
-    if (type != nullptr) *type = value.type;
+    if (type != nullptr)
+        *type = value.type;
     uint32_t needed = static_cast<uint32_t>(value.data.size());
-    if (size == nullptr) return data == nullptr;
+    if (size == nullptr)
+        return data == nullptr;
     if (data != nullptr && *size < needed) {
         *size = needed;
         return false;
     }
-    if (data != nullptr && needed > 0) std::memcpy(data, value.data.data(), needed);
+    if (data != nullptr && needed > 0)
+        std::memcpy(data, value.data.data(), needed);
     *size = needed;
     return true;
 }
 
 bool Set(Key key, const char16_t* name, uint32_t type, const void* data, uint32_t size) {
-    if (key == nullptr) return false;
+    if (key == nullptr)
+        return false;
     auto k = Store().keys.find(key->folded);
-    if (k == Store().keys.end()) return false;
+    if (k == Store().keys.end())
+        return false;
     std::u16string shown = name != nullptr ? name : u"";
     memory::Value value;
     value.type = type;
     auto* bytes = static_cast<const uint8_t*>(data);
-    if (bytes != nullptr) value.data.assign(bytes, bytes + size);
+    if (bytes != nullptr)
+        value.data.assign(bytes, bytes + size);
     k->second.values[Fold(shown)] = {shown, value};
     ++Store().sets;
     return true;
 }
 
 bool DeleteValue(Key key, const char16_t* name) {
-    if (key == nullptr) return false;
+    if (key == nullptr)
+        return false;
     auto k = Store().keys.find(key->folded);
-    return k != Store().keys.end() && k->second.values.erase(Fold(name != nullptr ? name : u"")) > 0;
+    return k != Store().keys.end() &&
+           k->second.values.erase(Fold(name != nullptr ? name : u"")) > 0;
 }
 
 bool Flush(Key key) {
@@ -115,10 +132,9 @@ bool DeleteTree(const char16_t* path) {
     std::u16string folded = Fold(Normalise(path));
     auto& keys = Store().keys;
     for (auto it = keys.begin(); it != keys.end();) {
-        bool below = it->first == folded ||
-                     (it->first.size() > folded.size() &&
-                      it->first.compare(0, folded.size(), folded) == 0 &&
-                      it->first[folded.size()] == u'\\');
+        bool below = it->first == folded || (it->first.size() > folded.size() &&
+                                             it->first.compare(0, folded.size(), folded) == 0 &&
+                                             it->first[folded.size()] == u'\\');
         it = below ? keys.erase(it) : std::next(it);
     }
     return true;
@@ -134,21 +150,30 @@ void Reset() {
 
 std::vector<std::u16string> Keys() {
     std::vector<std::u16string> result;
-    for (const auto& [folded, key] : Store().keys) result.push_back(key.path);
+    for (const auto& [folded, key] : Store().keys)
+        result.push_back(key.path);
     return result;
 }
 
 std::map<std::u16string, Value> Values(const char16_t* path) {
     std::map<std::u16string, Value> result;
     auto k = Store().keys.find(Fold(Normalise(path)));
-    if (k == Store().keys.end()) return result;
-    for (const auto& [folded, entry] : k->second.values) result[entry.first] = entry.second;
+    if (k == Store().keys.end())
+        return result;
+    for (const auto& [folded, entry] : k->second.values)
+        result[entry.first] = entry.second;
     return result;
 }
 
-int FlushCount() { return Store().flushes; }
-int SetCount() { return Store().sets; }
-void FailCreate(bool fail) { Store().failCreate = fail; }
+int FlushCount() {
+    return Store().flushes;
+}
+int SetCount() {
+    return Store().sets;
+}
+void FailCreate(bool fail) {
+    Store().failCreate = fail;
+}
 
 }  // namespace memory
 

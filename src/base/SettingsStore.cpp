@@ -18,22 +18,27 @@ registry::Key OpenKey(const char16_t* subkey, bool forWrite) {
 }
 
 uint32_t ReadNumber(const char16_t* subkey, const char16_t* name, uint32_t fallback) {
-    if (subkey == nullptr || name == nullptr) return fallback;
+    if (subkey == nullptr || name == nullptr)
+        return fallback;
     registry::KeyHolder key(OpenKey(subkey, false));
-    if (!key) return fallback;
+    if (!key)
+        return fallback;
     uint32_t type = 0;
     uint32_t value = 0;
     uint32_t size = sizeof(value);
-    if (!registry::Query(key.get(), name, &type, &value, &size)) return fallback;
+    if (!registry::Query(key.get(), name, &type, &value, &size))
+        return fallback;
     return type == registry::kTypeDword ? value : fallback;
 }
 
 Str ReadString(const char16_t* subkey, const char16_t* name, const Str& /*fallback*/) {
     registry::KeyHolder key(OpenKey(subkey, false));
-    if (!key) return Str();
+    if (!key)
+        return Str();
     uint32_t type = 0;
     uint32_t size = 0;
-    if (!registry::Query(key.get(), name, &type, nullptr, &size)) return Str();
+    if (!registry::Query(key.get(), name, &type, nullptr, &size))
+        return Str();
     Str text;
     uint32_t characters = size / 2;
     char16_t* buffer = text.GetBuffer(static_cast<int>(characters));
@@ -47,19 +52,23 @@ Str ReadString(const char16_t* subkey, const char16_t* name, const Str& /*fallba
 }
 
 int WriteNumber(const char16_t* /*subkeyIgnored*/, const char16_t* name, uint32_t value) {
-    if (name == nullptr) return 0;
+    if (name == nullptr)
+        return 0;
     registry::KeyHolder key(OpenKey(kSettingsKey, true));
-    if (!key) return 0;
+    if (!key)
+        return 0;
     bool set = registry::Set(key.get(), name, registry::kTypeDword, &value, sizeof(value));
     registry::Flush(key.get());
     return set ? 1 : 0;
 }
 
 uint8_t* ReadBlock(uint32_t* outSize) {
-    if (outSize == nullptr) return nullptr;
+    if (outSize == nullptr)
+        return nullptr;
     *outSize = 0;
     registry::KeyHolder key(OpenKey(kKeypadKey, false));
-    if (!key) return nullptr;
+    if (!key)
+        return nullptr;
     uint32_t type = 0;
     uint32_t size = 0;
     if (!registry::Query(key.get(), u"Custom", &type, nullptr, &size) ||

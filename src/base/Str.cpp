@@ -29,10 +29,14 @@ Str::Block* SharedEmpty() {
     return block;
 }
 
-char16_t* EmptyText() { return SharedEmpty()->Text(); }
+char16_t* EmptyText() {
+    return SharedEmpty()->Text();
+}
 
 // Characters a block of `capacity` bytes really holds, terminator excluded.
-uint32_t Room(uint32_t capacity) { return (capacity - kHeaderBytes) / 2 - 1; }
+uint32_t Room(uint32_t capacity) {
+    return (capacity - kHeaderBytes) / 2 - 1;
+}
 
 Str::Block* AllocateBlock(uint32_t length) {
     uint32_t bytes = Str::BlockBytesFor(length);
@@ -51,28 +55,43 @@ void* gResourceModule = nullptr;
 
 uint32_t Str::BlockBytesFor(uint32_t n) {
     uint32_t bytes = (n + 7) * 2;
-    if (bytes < 64) return 64;
-    if (bytes < 128) return 128;
-    if (bytes < 256) return 256;
-    if (bytes < 512) return 512;
+    if (bytes < 64)
+        return 64;
+    if (bytes < 128)
+        return 128;
+    if (bytes < 256)
+        return 256;
+    if (bytes < 512)
+        return 512;
     return bytes;
 }
 
 Str::Str() : text_(EmptyText()) {}
 
-Str::Str(const Str& other) : text_(EmptyText()) { *this = other; }
+Str::Str(const Str& other) : text_(EmptyText()) {
+    *this = other;
+}
 
-Str::Str(Str&& other) noexcept : text_(other.text_) { other.text_ = EmptyText(); }
+Str::Str(Str&& other) noexcept : text_(other.text_) {
+    other.text_ = EmptyText();
+}
 
-Str::Str(const char16_t* text) : text_(EmptyText()) { *this = text; }
+Str::Str(const char16_t* text) : text_(EmptyText()) {
+    *this = text;
+}
 
-Str::~Str() { Release(); }
+Str::~Str() {
+    Release();
+}
 
-bool Str::IsSharedEmptyBlock() const { return Header() == SharedEmpty(); }
+bool Str::IsSharedEmptyBlock() const {
+    return Header() == SharedEmpty();
+}
 
 void Str::Release() {
     Block* block = Header();
-    if (block == SharedEmpty()) return;
+    if (block == SharedEmpty())
+        return;
     // A locked block has exactly one owner, so releasing it frees it too.
     if (block->refs <= 1) {
         block->~Block();
@@ -95,21 +114,24 @@ void Str::SetLength(uint32_t n) {
 
 void Str::AssignCopy(const char16_t* text, uint32_t n) {
     Release();
-    if (n == 0) return;
+    if (n == 0)
+        return;
     AttachNew(n);
     std::memcpy(text_, text, n * sizeof(char16_t));
     text_[n] = 0;
 }
 
 Str& Str::operator=(const Str& other) {
-    if (text_ == other.text_) return *this;
+    if (text_ == other.text_)
+        return *this;
     Block* mine = Header();
     Block* theirs = other.Header();
     bool locked = (mine->refs < 0 && mine != SharedEmpty()) || theirs->refs < 0;
     if (!locked) {
         Release();
         text_ = other.text_;
-        if (theirs != SharedEmpty()) ++theirs->refs;
+        if (theirs != SharedEmpty())
+            ++theirs->refs;
         return *this;
     }
     uint32_t n = theirs->length;
@@ -127,6 +149,8 @@ Str& Str::operator=(const Str& other) {
 }
 
 Str& Str::operator=(Str&& other) noexcept {
+    if (Header()->refs < 0 || other.Header()->refs < 0)
+        return *this = other;  // locked: copy
     if (this != &other) {
         Release();
         text_ = other.text_;
@@ -136,20 +160,24 @@ Str& Str::operator=(Str&& other) noexcept {
 }
 
 Str& Str::operator=(const char16_t* text) {
-    if (text == text_) return *this;
+    if (text == text_)
+        return *this;
     Str copy;  // the source may point into this Str's own block
     copy.AssignCopy(text, static_cast<uint32_t>(chars::Length(text)));
     return *this = static_cast<Str&&>(copy);
 }
 
 bool Str::operator==(const Str& other) const {
-    if (text_ == other.text_) return true;
-    if (Header()->length != other.Header()->length) return false;
+    if (text_ == other.text_)
+        return true;
+    if (Header()->length != other.Header()->length)
+        return false;
     return std::memcmp(text_, other.text_, Header()->length * sizeof(char16_t)) == 0;
 }
 
 void Str::Empty() {
-    if (Header()->length == 0) return;
+    if (Header()->length == 0)
+        return;
     Release();
 }
 
@@ -170,8 +198,7 @@ char16_t* Str::GetBuffer(int minLength) {
     uint32_t length = Header()->length;
     uint32_t extra = minLength > static_cast<int>(length) ? minLength - length : 0;
     Block* block = Header();
-    if (block != SharedEmpty() && block->refs == 1 &&
-        block->capacity >= (length + extra + 7) * 2) {
+    if (block != SharedEmpty() && block->refs == 1 && block->capacity >= (length + extra + 7) * 2) {
         return text_;
     }
     Block* fresh = AllocateBlock(length + extra);
@@ -183,27 +210,32 @@ char16_t* Str::GetBuffer(int minLength) {
 }
 
 void Str::ReleaseBuffer(int n) {
-    if (Header()->refs > 1 || IsSharedEmptyBlock()) MakePrivate();
+    if (Header()->refs > 1 || IsSharedEmptyBlock())
+        MakePrivate();
     uint32_t room = Room(Header()->capacity);
     uint32_t length = n < 0 ? 0 : static_cast<uint32_t>(n);
     if (n == -1) {
-        while (length < room && text_[length] != 0) ++length;
+        while (length < room && text_[length] != 0)
+            ++length;
     }
     SetLength(length < room ? length : room);
 }
 
 char16_t* Str::LockBuffer() {
-    if (Header()->refs >= 0) MakePrivate();
+    if (Header()->refs >= 0)
+        MakePrivate();
     Header()->refs = -1;
     return text_;
 }
 
 void Str::UnlockBuffer() {
-    if (Header()->refs < 0 && !IsSharedEmptyBlock()) Header()->refs = 1;
+    if (Header()->refs < 0 && !IsSharedEmptyBlock())
+        Header()->refs = 1;
 }
 
 void Str::Append(const Str& other) {
-    if (other.IsEmpty()) return;
+    if (other.IsEmpty())
+        return;
     Str source(other);  // keeps the text alive when appending to itself
     uint32_t old = Header()->length;
     uint32_t n = source.Header()->length;
@@ -213,7 +245,8 @@ void Str::Append(const Str& other) {
 }
 
 void Str::Append(const char16_t* text) {
-    if (text == nullptr || text[0] == 0) return;
+    if (text == nullptr || text[0] == 0)
+        return;
     Append(Str(text));
 }
 
@@ -225,26 +258,34 @@ void Str::Append(char16_t c) {
 }
 
 Str Str::Left(int n) const {
-    if (n < 0) n = 0;
-    if (n >= Length()) return *this;
+    if (n < 0)
+        n = 0;
+    if (n >= Length())
+        return *this;
     Str result;
     result.AssignCopy(text_, static_cast<uint32_t>(n));
     return result;
 }
 
 Str Str::Right(int n) const {
-    if (n < 0) n = 0;
-    if (n >= Length()) return *this;
+    if (n < 0)
+        n = 0;
+    if (n >= Length())
+        return *this;
     Str result;
     result.AssignCopy(text_ + Length() - n, static_cast<uint32_t>(n));
     return result;
 }
 
 Str Str::Mid(int start, int count) const {
-    if (start < 0) start = 0;
-    if (start > Length()) start = Length();
-    if (count < 0 || count > Length() - start) count = Length() - start;
-    if (start == 0 && count == Length()) return *this;
+    if (start < 0)
+        start = 0;
+    if (start > Length())
+        start = Length();
+    if (count < 0 || count > Length() - start)
+        count = Length() - start;
+    if (start == 0 && count == Length())
+        return *this;
     Str result;
     result.AssignCopy(text_ + start, static_cast<uint32_t>(count));
     return result;
@@ -252,16 +293,19 @@ Str Str::Mid(int start, int count) const {
 
 int Str::Find(char16_t c, int from) const {
     for (int i = from < 0 ? 0 : from; i < Length(); ++i) {
-        if (text_[i] == c) return i;
+        if (text_[i] == c)
+            return i;
     }
     return -1;
 }
 
 int Str::Find(const char16_t* text, int from) const {
     size_t n = chars::Length(text);
-    if (n == 0) return from >= 0 && from <= Length() ? from : -1;
+    if (n == 0)
+        return from >= 0 && from <= Length() ? from : -1;
     for (int i = from < 0 ? 0 : from; i + static_cast<int>(n) <= Length(); ++i) {
-        if (chars::CompareN(text_ + i, text, n) == 0) return i;
+        if (chars::CompareN(text_ + i, text, n) == 0)
+            return i;
     }
     return -1;
 }
@@ -269,8 +313,10 @@ int Str::Find(const char16_t* text, int from) const {
 void Str::TrimLeft() {
     uint32_t skip = 0;
     uint32_t length = Header()->length;
-    while (skip < length && chars::IsSpace(text_[skip])) ++skip;
-    if (skip == 0) return;
+    while (skip < length && chars::IsSpace(text_[skip]))
+        ++skip;
+    if (skip == 0)
+        return;
     MakePrivate();
     std::memmove(text_, text_ + skip, (length - skip + 1) * sizeof(char16_t));
     Header()->length = length - skip;
@@ -278,8 +324,10 @@ void Str::TrimLeft() {
 
 void Str::TrimRight() {
     uint32_t end = Header()->length;
-    while (end > 0 && chars::IsSpace(text_[end - 1])) --end;
-    if (end == Header()->length) return;
+    while (end > 0 && chars::IsSpace(text_[end - 1]))
+        --end;
+    if (end == Header()->length)
+        return;
     MakePrivate();
     SetLength(end);
 }
@@ -318,17 +366,23 @@ bool Str::LoadString(uint32_t id) {
 }
 
 void* ResourceModule() {
-    if (gResourceModule == nullptr) gResourceModule = ProgramModule();
+    if (gResourceModule == nullptr)
+        gResourceModule = ProgramModule();
     return gResourceModule;
 }
 
-void SetResourceModule(void* module) { gResourceModule = module; }
+void SetResourceModule(void* module) {
+    gResourceModule = module;
+}
 
 int SafeLoadStr(uint32_t id, char16_t* buf, int size, void* module) {
-    if (module == nullptr) module = ResourceModule();
+    if (module == nullptr)
+        module = ResourceModule();
     int loaded = size > 0 ? LoadResourceText(module, id, buf, size) : 0;
-    if (loaded > 0) return loaded;
-    if (size > 0) buf[0] = 0;
+    if (loaded > 0)
+        return loaded;
+    if (size > 0)
+        buf[0] = 0;
     Str message;
     message.Format(u"Resource loading fail (id: %d hInst: %x)", static_cast<int>(id),
                    static_cast<unsigned>(reinterpret_cast<uintptr_t>(module)));

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 class Str {
-public:
+  public:
     /// Header that precedes the characters of every block.
     struct Block {
         int32_t refs;       ///< sharing count; negative = locked (must not be shared)
@@ -101,7 +101,7 @@ public:
     /// Bytes of the block that holds n characters (the size classes of the allocator).
     static uint32_t BlockBytesFor(uint32_t n);
 
-private:
+  private:
     Block* Header() const { return reinterpret_cast<Block*>(const_cast<char16_t*>(text_)) - 1; }
     void Release();
     void AttachNew(uint32_t length);

@@ -1,0 +1,6 @@
+#include "app/ResourcePlace.h"
+
+ResourcePlace& TheResourcePlace() {
+    static ResourcePlace place;
+    return place;
+}

@@ -1,0 +1,66 @@
+#pragma once
+// Small owners for GDI resources, so every object, selection and device context is released by
+// the function or object that made it.
+
+#include <windows.h>
+
+namespace gdi {
+
+/// Owns one GDI object (pen, brush, font, bitmap, region); deletes it on destruction.
+template <typename Handle>
+class Object {
+  public:
+    explicit Object(Handle handle = nullptr) : handle_(handle) {}
+    ~Object() { Reset(); }
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+    Handle get() const { return handle_; }
+    explicit operator bool() const { return handle_ != nullptr; }
+    /// Deletes the held object and takes `handle` instead.
+    void Reset(Handle handle = nullptr) {
+        if (handle_ != nullptr)
+            DeleteObject(handle_);
+        handle_ = handle;
+    }
+
+  private:
+    Handle handle_;
+};
+
+/// Selects an object into a device context for the scope and restores the previous one.
+class Selection {
+  public:
+    Selection(HDC dc, HGDIOBJ object) : dc_(dc), previous_(SelectObject(dc, object)) {}
+    ~Selection() { SelectObject(dc_, previous_); }
+    Selection(const Selection&) = delete;
+    Selection& operator=(const Selection&) = delete;
+
+  private:
+    HDC dc_;
+    HGDIOBJ previous_;
+};
+
+/// An off-screen surface for one rectangle of a target device context: draw into Dc() in the
+/// target's own coordinates, then Present() copies the rectangle to the target. When no surface
+/// can be made, Dc() is the target itself and Present() does nothing.
+class OffscreenBuffer {
+  public:
+    OffscreenBuffer(HDC target, const RECT& rect);
+    ~OffscreenBuffer();
+    OffscreenBuffer(const OffscreenBuffer&) = delete;
+    OffscreenBuffer& operator=(const OffscreenBuffer&) = delete;
+    HDC Dc() const { return dc_ != nullptr ? dc_ : target_; }
+    void Present() const;
+
+  private:
+    HDC target_;
+    RECT rect_;
+    HDC dc_ = nullptr;
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ previous_ = nullptr;
+};
+
+/// Fills rect with one colour (a colour reference: red in the low byte).
+void FillSolid(HDC dc, const RECT& rect, COLORREF colour);
+
+}  // namespace gdi

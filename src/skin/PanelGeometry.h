@@ -1,0 +1,62 @@
+#pragma once
+// The soft-key panel's arithmetic: button sizes and image source points from the two panel
+// images, the buttons' rectangles in the panel, and which source point a button is drawn from.
+// The first image holds six cells (Prev, Next normal; pressed; disabled), the second four (Menu,
+// Close normal; pressed): side by side in portrait, stacked in landscape.
+
+#include <cstdint>
+
+/// Commands the panel's buttons send, in button order.
+constexpr uint32_t kPanelCommands[4] = {101, 102, 103, 104};
+/// Resource texts of the buttons' captions, in button order.
+constexpr uint32_t kPanelCaptions[4] = {129, 130, 131, 132};
+/// The button that acts on press instead of release.
+constexpr int32_t kPanelMenuButton = 2;
+
+struct PanelPoint {
+    int32_t x = 0;
+    int32_t y = 0;
+    bool operator==(const PanelPoint&) const = default;
+};
+
+/// One button's size and its three source points in its image.
+struct PanelButtonArt {
+    int32_t width = 0;
+    int32_t height = 0;
+    PanelPoint normal;
+    PanelPoint pressed;
+    PanelPoint disabled;  ///< the Menu and Close images have no disabled cell: their normal one
+};
+
+/// Button art of all four buttons from the sizes of the two images.
+void PanelButtonsFromImages(bool landscape, int32_t w1, int32_t h1, int32_t w2, int32_t h2,
+                            PanelButtonArt out[4]);
+
+/// A panel rectangle (right and bottom exclusive).
+struct PanelRect {
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t right = 0;
+    int32_t bottom = 0;
+    bool Contains(int32_t x, int32_t y) const {
+        return x >= left && x < right && y >= top && y < bottom;
+    }
+    bool operator==(const PanelRect&) const = default;
+};
+
+/// Rectangle of button `index` (0..3) in the panel's client rectangle: Prev and Next from the
+/// start (left or top), Menu and Close against the end (right or bottom).
+PanelRect PanelButtonRect(int32_t index, const PanelRect& client, bool landscape,
+                          const PanelButtonArt buttons[4]);
+
+/// The source point drawn: pressed, else normal when enabled, else disabled.
+inline PanelPoint PanelSourcePoint(const PanelButtonArt& art, bool pressed, bool enabled) {
+    if (pressed)
+        return art.pressed;
+    return enabled ? art.normal : art.disabled;
+}
+
+/// Larger of the two panel images' extents across the bar: what the board reserves for it.
+inline int32_t PanelThickness(int32_t extent1, int32_t extent2) {
+    return extent1 > extent2 ? extent1 : extent2;
+}

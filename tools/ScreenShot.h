@@ -1,0 +1,30 @@
+#pragma once
+// Screenshots of windows for the run command and the end-to-end tests: what a person would see
+// of a window, captured from the screen and saved as PNG.
+
+#include <windows.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace shot {
+
+/// A captured image: top-down rows of 32-bit pixels (blue, green, red, unused).
+struct Image {
+    int width = 0;
+    int height = 0;
+    std::vector<uint32_t> pixels;
+    /// The pixel at (x, y) as a colour reference (red in the low byte); 0xFFFFFFFF outside.
+    COLORREF At(int x, int y) const;
+};
+
+/// The window's client area in screen coordinates.
+RECT ClientOnScreen(HWND window);
+/// Captures a screen rectangle; false when the screen cannot be read.
+bool CaptureScreen(const RECT& area, Image& out);
+/// Captures the window's client area as it shows on screen.
+bool CaptureClient(HWND window, Image& out);
+/// Saves the image as a PNG file (Windows Imaging Component); false on any failure.
+bool SavePng(const Image& image, const wchar_t* path);
+
+}  // namespace shot

@@ -1,10 +1,10 @@
-// Native files: UTF-16 paths with backslashes land below a settable root on the host.
-#include <sys/stat.h>
-
-#include <cstdio>
+// Files on the host for native runs and the core tests: UTF-16 paths with backslashes land below
+// a settable root, through std::filesystem so both builds handle any name.
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <system_error>
 
 #include "base/File.h"
 #include "base/FileMemory.h"
@@ -13,56 +13,37 @@ namespace file {
 
 namespace {
 
-std::string gRoot = ".";
+std::filesystem::path gRoot = ".";
 
-void AppendUtf8(std::string& out, char32_t c) {
-    if (c < 0x80) {
-        out += static_cast<char>(c);
-    } else if (c < 0x800) {
-        out += static_cast<char>(0xC0 | (c >> 6));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        out += static_cast<char>(0xE0 | (c >> 12));
-        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
-        out += static_cast<char>(0xF0 | (c >> 18));
-        out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (c & 0x3F));
+std::filesystem::path ToHost(const char16_t* path) {
+    std::u16string relative;
+    for (const char16_t* p = path; p != nullptr && *p != 0; ++p) {
+        char16_t c = *p == u'\\' ? u'/' : *p;
+        if (c == u'/' && (relative.empty() || relative.back() == u'/'))
+            continue;
+        relative += c;
     }
+    return gRoot / std::filesystem::path(relative);
 }
 
 }  // namespace
 
 void SetRoot(const std::string& root) {
-    gRoot = root;
+    gRoot = std::filesystem::path(std::u8string(root.begin(), root.end()));
 }
 
 std::string HostPath(const char16_t* path) {
-    std::string out = gRoot + "/";
-    for (const char16_t* p = path; p != nullptr && *p != 0; ++p) {
-        char32_t c = *p;
-        if (c >= 0xD800 && c <= 0xDBFF && p[1] >= 0xDC00 && p[1] <= 0xDFFF) {
-            c = 0x10000 + ((c - 0xD800) << 10) + (p[1] - 0xDC00);
-            ++p;
-        }
-        if (c == u'\\')
-            c = u'/';
-        if (c == u'/' && out.back() == '/')
-            continue;
-        AppendUtf8(out, c);
-    }
-    return out;
+    std::u8string text = ToHost(path).u8string();
+    return std::string(text.begin(), text.end());
 }
 
 bool Exists(const char16_t* path) {
-    struct stat info {};
-    return stat(HostPath(path).c_str(), &info) == 0;
+    std::error_code error;
+    return std::filesystem::exists(ToHost(path), error);
 }
 
 bool ReadAll(const char16_t* path, std::vector<uint8_t>& out) {
-    std::ifstream in(HostPath(path), std::ios::binary);
+    std::ifstream in(ToHost(path), std::ios::binary);
     if (!in)
         return false;
     out.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
@@ -70,24 +51,38 @@ bool ReadAll(const char16_t* path, std::vector<uint8_t>& out) {
 }
 
 bool Stamp(const char16_t* path, uint64_t& writeTime, uint64_t& size) {
-    struct stat info {};
-    if (stat(HostPath(path).c_str(), &info) != 0)
+    std::error_code error;
+    std::filesystem::path host = ToHost(path);
+    auto time = std::filesystem::last_write_time(host, error);
+    if (error)
         return false;
-    writeTime = static_cast<uint64_t>(info.st_mtim.tv_sec) * 1000000000ull +
-                static_cast<uint64_t>(info.st_mtim.tv_nsec);
-    size = static_cast<uint64_t>(info.st_size);
+    auto bytes = std::filesystem::file_size(host, error);
+    if (error)
+        return false;
+    writeTime = static_cast<uint64_t>(time.time_since_epoch().count());
+    size = static_cast<uint64_t>(bytes);
     return true;
 }
 
-Appender::Appender(const char16_t* path) : handle_(std::fopen(HostPath(path).c_str(), "ab")) {}
+Appender::Appender(const char16_t* path) : handle_(nullptr) {
+    auto* stream = new std::ofstream(ToHost(path), std::ios::binary | std::ios::app);
+    if (*stream) {
+        handle_ = stream;
+    } else {
+        delete stream;
+    }
+}
 
 Appender::~Appender() {
-    if (handle_ != nullptr)
-        std::fclose(static_cast<FILE*>(handle_));
+    delete static_cast<std::ofstream*>(handle_);
 }
 
 bool Appender::Write(const void* bytes, size_t n) {
-    return handle_ != nullptr && std::fwrite(bytes, 1, n, static_cast<FILE*>(handle_)) == n;
+    auto* stream = static_cast<std::ofstream*>(handle_);
+    if (stream == nullptr)
+        return false;
+    stream->write(static_cast<const char*>(bytes), static_cast<std::streamsize>(n));
+    return static_cast<bool>(*stream);
 }
 
 }  // namespace file

@@ -85,8 +85,7 @@ void FormatLogStamp(char16_t* buf, int cap) {
         return;
     }
     std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
+    std::tm local = *std::localtime(&now);  // one thread: the shared result is safe here
     char text[64];
     std::strftime(text, sizeof(text), "%Y.%m.%d %H:%M:%S - ", &local);
     int i = 0;

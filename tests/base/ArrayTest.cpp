@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "AlertCapture.h"
 
 TEST(ArrayTest, GetAtMinusOneOnEmptyShowsTheTrapWithIndexAndSize) {

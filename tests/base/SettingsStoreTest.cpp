@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <string>
 
 #include "base/RegistryMemory.h"
 
@@ -62,7 +63,13 @@ INSTANTIATE_TEST_SUITE_P(Options, SettingsDefaultsTest,
                                          OptionCase{settings::kButtonFeedback, u"BtnFeedback", 1},
                                          OptionCase{settings::kModPreload, u"ModPreload", 1},
                                          OptionCase{settings::kSmsEnabled, u"SmsEnabled", 1},
-                                         OptionCase{settings::kD2Hack, u"D2Hack", 1}));
+                                         OptionCase{settings::kD2Hack, u"D2Hack", 1}),
+                         [](const testing::TestParamInfo<OptionCase>& info) {
+                             std::string name;
+                             for (const char16_t* c = info.param.name; *c != 0; ++c)
+                                 name += static_cast<char>(*c);
+                             return name;
+                         });
 
 TEST_F(SettingsStoreTest, AStringValueNamedLikeANumberOptionReadsAsTheDefault) {
     PutText(kSettingsPath, u"DdBigBtn", u"0");

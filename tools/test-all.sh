@@ -1,0 +1,83 @@
+#!/bin/sh
+# Builds and runs every test: the native core (plain and with sanitizers), the Windows build
+# under Wine, and a short smoke run of every fuzzer. Ends with one "N passed, N failed" line.
+set -u
+here=$(cd "$(dirname "$0")" && pwd)
+root=$(cd "$here/.." && pwd)
+cd "$root"
+"$here/deps.sh" || exit 1
+jobs=$(nproc)
+log="$root/build/test-logs"
+mkdir -p "$log"
+passed=0
+failed=0
+status=0
+
+# Adds a ctest run's totals to the overall count; a run that did not finish counts as failed.
+count() {
+    line=$(grep -E "tests passed, [0-9]+ tests? failed out of [0-9]+" "$1" | tail -n 1)
+    if [ -z "$line" ]; then
+        echo "no test summary in $1"
+        failed=$((failed + 1))
+        status=1
+        return
+    fi
+    total=$(echo "$line" | sed -E 's/.* out of ([0-9]+).*/\1/')
+    bad=$(echo "$line" | sed -E 's/.* ([0-9]+) tests? failed.*/\1/')
+    passed=$((passed + total - bad))
+    failed=$((failed + bad))
+    [ "$bad" -eq 0 ] || status=1
+}
+
+run_preset() {
+    name=$1
+    echo "=== $name: configure and build"
+    cmake --preset "$name" >"$log/$name-configure.log" 2>&1 || { tail -n 30 "$log/$name-configure.log"; failed=$((failed + 1)); status=1; return; }
+    if ! cmake --build --preset "$name" -j "$jobs" >"$log/$name-build.log" 2>&1; then
+        grep -E "error|Error" "$log/$name-build.log" | head -n 40
+        failed=$((failed + 1))
+        status=1
+        return
+    fi
+    echo "=== $name: test"
+    shift
+    ctest --preset "$name" "$@" 2>&1 | tee "$log/$name-test.log" | grep -E "Failed|Not Run|Timeout|tests passed" || true
+    count "$log/$name-test.log"
+}
+
+run_preset native -j "$jobs"
+run_preset sanitize -j "$jobs"
+
+. "$here/wine-session.sh"
+wine_session_start
+run_preset windows -j 1
+wine_session_stop
+
+echo "=== fuzz: smoke runs"
+if cmake --preset fuzz >"$log/fuzz-configure.log" 2>&1 &&
+    cmake --build --preset fuzz -j "$jobs" >"$log/fuzz-build.log" 2>&1; then
+    for fuzzer in build/fuzz/fuzz/fuzz_*; do
+        [ -x "$fuzzer" ] || continue
+        name=$(basename "$fuzzer")
+        corpus="build/fuzz/corpus/$name"
+        mkdir -p "$corpus"
+        if "$fuzzer" "$corpus" -max_total_time="${DD_FUZZ_SECONDS:-15}" -print_final_stats=1 \
+            >"$log/$name.log" 2>&1; then
+            runs=$(grep -E "stat::number_of_executed_units" "$log/$name.log" | awk '{print $2}')
+            echo "$name: ${runs:-?} runs, no findings"
+            passed=$((passed + 1))
+        else
+            echo "$name: FAILED (see $log/$name.log)"
+            tail -n 20 "$log/$name.log"
+            failed=$((failed + 1))
+            status=1
+        fi
+    done
+else
+    grep -E "error|Error" "$log/fuzz-configure.log" "$log/fuzz-build.log" | head -n 40
+    failed=$((failed + 1))
+    status=1
+fi
+
+echo "total: $passed passed, $failed failed"
+exit $status

@@ -10,7 +10,7 @@ namespace {
 
 enum class Size { Default, Short, Long, LongLong };
 
-struct Spec {
+struct Conversion {
     bool left = false, plus = false, space = false, zero = false, alternate = false;
     int width = 0;
     int precision = -1;  // -1: none given
@@ -35,62 +35,62 @@ int ReadNumber(const char16_t*& p) {
 }
 
 // Parses the part after '%' up to and including the conversion character.
-const char16_t* ParseSpec(const char16_t* p, va_list& args, Spec& spec) {
+const char16_t* ParseConversion(const char16_t* p, va_list& args, Conversion& conv) {
     for (; IsFlag(*p); ++p) {
         switch (*p) {
             case u'-':
-                spec.left = true;
+                conv.left = true;
                 break;
             case u'+':
-                spec.plus = true;
+                conv.plus = true;
                 break;
             case u'0':
-                spec.zero = true;
+                conv.zero = true;
                 break;
             case u' ':
-                spec.space = true;
+                conv.space = true;
                 break;
             default:
-                spec.alternate = true;
+                conv.alternate = true;
                 break;
         }
     }
     if (*p == u'*') {
-        spec.width = va_arg(args, int);
-        if (spec.width < 0) {
-            spec.left = true;
-            spec.width = spec.width == INT32_MIN ? 0 : -spec.width;
+        conv.width = va_arg(args, int);
+        if (conv.width < 0) {
+            conv.left = true;
+            conv.width = conv.width == INT32_MIN ? 0 : -conv.width;
         }
         ++p;
     } else {
-        spec.width = ReadNumber(p);
+        conv.width = ReadNumber(p);
     }
     if (*p == u'.') {
         ++p;
         if (*p == u'*') {
-            spec.precision = va_arg(args, int);
+            conv.precision = va_arg(args, int);
             ++p;
         } else {
-            spec.precision = ReadNumber(p);
+            conv.precision = ReadNumber(p);
         }
     }
     for (;;) {
         if (p[0] == u'I' && p[1] == u'6' && p[2] == u'4') {
-            spec.size = Size::LongLong;
+            conv.size = Size::LongLong;
             p += 3;
         } else if (p[0] == u'I' && p[1] == u'3' && p[2] == u'2') {
             p += 3;
         } else if (p[0] == u'l' && p[1] == u'l') {
-            spec.size = Size::LongLong;
+            conv.size = Size::LongLong;
             p += 2;
         } else if (*p == u'h') {
-            spec.size = Size::Short;
-            spec.narrow = true;
+            conv.size = Size::Short;
+            conv.narrow = true;
             ++p;
         } else if (*p == u'l' || *p == u'w') {
-            if (spec.size != Size::LongLong)
-                spec.size = Size::Long;
-            spec.wide = true;
+            if (conv.size != Size::LongLong)
+                conv.size = Size::Long;
+            conv.wide = true;
             ++p;
         } else if (*p == u'F' || *p == u'L' || *p == u'N') {
             ++p;
@@ -98,7 +98,7 @@ const char16_t* ParseSpec(const char16_t* p, va_list& args, Spec& spec) {
             break;
         }
     }
-    spec.conversion = *p;
+    conv.conversion = *p;
     return *p != 0 ? p + 1 : p;
 }
 
@@ -116,10 +116,10 @@ size_t WideLength(const char16_t* s, int precision) {
     return n;
 }
 
-bool IsWideText(const Spec& spec) {
+bool IsWideText(const Conversion& conv) {
     // %s and %c take UTF-16 unless "h"; %S and %C take narrow text unless "l"/"w".
-    bool upper = spec.conversion == u'S' || spec.conversion == u'C';
-    return upper ? spec.wide : !spec.narrow;
+    bool upper = conv.conversion == u'S' || conv.conversion == u'C';
+    return upper ? conv.wide : !conv.narrow;
 }
 
 // Writes characters into the caller's buffer, cutting at its end but counting everything.
@@ -153,47 +153,47 @@ class Sink {
 
 // Lays out a body of n characters with width padding; `put` writes the body.
 template <typename PutBody>
-void Pad(Sink& out, const Spec& spec, size_t n, PutBody put) {
-    size_t pad = spec.width > 0 && static_cast<size_t>(spec.width) > n ? spec.width - n : 0;
-    if (!spec.left)
+void Pad(Sink& out, const Conversion& conv, size_t n, PutBody put) {
+    size_t pad = conv.width > 0 && static_cast<size_t>(conv.width) > n ? conv.width - n : 0;
+    if (!conv.left)
         out.Repeat(u' ', pad);
     put();
-    if (spec.left)
+    if (conv.left)
         out.Repeat(u' ', pad);
 }
 
-void PutText(Sink& out, const Spec& spec, const void* text) {
+void PutText(Sink& out, const Conversion& conv, const void* text) {
     static const char kNull[] = "(null)";
     if (text == nullptr) {
-        size_t n = NarrowLength(kNull, spec.precision);
-        Pad(out, spec, n, [&] { out.PutAscii(kNull, n); });
-    } else if (IsWideText(spec)) {
+        size_t n = NarrowLength(kNull, conv.precision);
+        Pad(out, conv, n, [&] { out.PutAscii(kNull, n); });
+    } else if (IsWideText(conv)) {
         auto* s = static_cast<const char16_t*>(text);
-        size_t n = WideLength(s, spec.precision);
-        Pad(out, spec, n, [&] {
+        size_t n = WideLength(s, conv.precision);
+        Pad(out, conv, n, [&] {
             for (size_t i = 0; i < n; ++i)
                 out.Put(s[i]);
         });
     } else {
         // Narrow text is taken byte for byte (Latin-1), the same on every platform.
         auto* s = static_cast<const char*>(text);
-        size_t n = NarrowLength(s, spec.precision);
-        Pad(out, spec, n, [&] { out.PutAscii(s, n); });
+        size_t n = NarrowLength(s, conv.precision);
+        Pad(out, conv, n, [&] { out.PutAscii(s, n); });
     }
 }
 
-void PutChar(Sink& out, const Spec& spec, int value) {
-    char16_t c = IsWideText(spec) ? static_cast<char16_t>(value)
+void PutChar(Sink& out, const Conversion& conv, int value) {
+    char16_t c = IsWideText(conv) ? static_cast<char16_t>(value)
                                   : static_cast<char16_t>(static_cast<unsigned char>(value));
-    Pad(out, spec, 1, [&] { out.Put(c); });
+    Pad(out, conv, 1, [&] { out.Put(c); });
 }
 
-void PutInteger(Sink& out, const Spec& spec, uint64_t magnitude, bool negative) {
+void PutInteger(Sink& out, const Conversion& conv, uint64_t magnitude, bool negative) {
     char digits[72];
     size_t n = 0;
     unsigned base = 10;
     const char* alphabet = "0123456789abcdef";
-    switch (spec.conversion) {
+    switch (conv.conversion) {
         case u'x':
             base = 16;
             break;
@@ -210,44 +210,44 @@ void PutInteger(Sink& out, const Spec& spec, uint64_t magnitude, bool negative) 
     }
     for (uint64_t v = magnitude; v != 0; v /= base)
         digits[n++] = alphabet[v % base];
-    size_t minDigits = spec.precision >= 0 ? static_cast<size_t>(spec.precision) : 1;
-    if (spec.conversion == u'p')
+    size_t minDigits = conv.precision >= 0 ? static_cast<size_t>(conv.precision) : 1;
+    if (conv.conversion == u'p')
         minDigits = sizeof(void*) * 2;
     if (minDigits > 64)
         minDigits = 64;
     while (n < minDigits)
         digits[n++] = '0';
-    bool isSigned = spec.conversion == u'd' || spec.conversion == u'i';
+    bool isSigned = conv.conversion == u'd' || conv.conversion == u'i';
     const char* prefix = "";
     if (negative) {
         prefix = "-";
-    } else if (isSigned && spec.plus) {
+    } else if (isSigned && conv.plus) {
         prefix = "+";
-    } else if (isSigned && spec.space) {
+    } else if (isSigned && conv.space) {
         prefix = " ";
-    } else if (spec.alternate && magnitude != 0 && base == 16 && spec.conversion != u'p') {
-        prefix = spec.conversion == u'X' ? "0X" : "0x";
-    } else if (spec.alternate && base == 8 && digits[n - 1] != '0') {
+    } else if (conv.alternate && magnitude != 0 && base == 16 && conv.conversion != u'p') {
+        prefix = conv.conversion == u'X' ? "0X" : "0x";
+    } else if (conv.alternate && base == 8 && digits[n - 1] != '0') {
         prefix = "0";
     }
     size_t prefixLength = std::strlen(prefix);
     size_t body = prefixLength + n;
-    size_t pad = spec.width > 0 && static_cast<size_t>(spec.width) > body ? spec.width - body : 0;
-    bool zeroPad = spec.zero && !spec.left && spec.precision < 0;
-    if (!spec.left && !zeroPad)
+    size_t pad = conv.width > 0 && static_cast<size_t>(conv.width) > body ? conv.width - body : 0;
+    bool zeroPad = conv.zero && !conv.left && conv.precision < 0;
+    if (!conv.left && !zeroPad)
         out.Repeat(u' ', pad);
     out.PutAscii(prefix, prefixLength);
     if (zeroPad)
         out.Repeat(u'0', pad);
     while (n > 0)
         out.Put(static_cast<unsigned char>(digits[--n]));
-    if (spec.left)
+    if (conv.left)
         out.Repeat(u' ', pad);
 }
 
-void PutSigned(Sink& out, const Spec& spec, va_list& args) {
+void PutSigned(Sink& out, const Conversion& conv, va_list& args) {
     int64_t value;
-    switch (spec.size) {
+    switch (conv.size) {
         case Size::LongLong:
             value = va_arg(args, long long);
             break;
@@ -263,12 +263,12 @@ void PutSigned(Sink& out, const Spec& spec, va_list& args) {
     }
     uint64_t magnitude =
         value < 0 ? 0 - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
-    PutInteger(out, spec, magnitude, value < 0);
+    PutInteger(out, conv, magnitude, value < 0);
 }
 
-void PutUnsigned(Sink& out, const Spec& spec, va_list& args) {
+void PutUnsigned(Sink& out, const Conversion& conv, va_list& args) {
     uint64_t value;
-    switch (spec.size) {
+    switch (conv.size) {
         case Size::LongLong:
             value = va_arg(args, unsigned long long);
             break;
@@ -282,35 +282,35 @@ void PutUnsigned(Sink& out, const Spec& spec, va_list& args) {
             value = va_arg(args, unsigned);
             break;
     }
-    PutInteger(out, spec, value, false);
+    PutInteger(out, conv, value, false);
 }
 
 // Floating point goes through the C library's narrow formatter; its output is plain ASCII.
 // The format handed on is assembled here from validated flags and one of "eEfgGa".
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
-void PutFloat(Sink& out, const Spec& spec, double value) {
+void PutFloat(Sink& out, const Conversion& conv, double value) {
     char format[32];
     char* f = format;
     *f++ = '%';
-    if (spec.left)
+    if (conv.left)
         *f++ = '-';
-    if (spec.plus)
+    if (conv.plus)
         *f++ = '+';
-    if (spec.space)
+    if (conv.space)
         *f++ = ' ';
-    if (spec.zero)
+    if (conv.zero)
         *f++ = '0';
-    if (spec.alternate)
+    if (conv.alternate)
         *f++ = '#';
-    std::snprintf(f, sizeof(format) - 8, "*.*%c", static_cast<char>(spec.conversion));
-    int precision = spec.precision < 0 ? 6 : spec.precision;
-    int length = std::snprintf(nullptr, 0, format, spec.width, precision, value);
+    std::snprintf(f, sizeof(format) - 8, "*.*%c", static_cast<char>(conv.conversion));
+    int precision = conv.precision < 0 ? 6 : conv.precision;
+    int length = std::snprintf(nullptr, 0, format, conv.width, precision, value);
     if (length <= 0)
         return;
     char stack[512];
     char* text = static_cast<size_t>(length) < sizeof(stack) ? stack : new char[length + 1];
-    std::snprintf(text, static_cast<size_t>(length) + 1, format, spec.width, precision, value);
+    std::snprintf(text, static_cast<size_t>(length) + 1, format, conv.width, precision, value);
     out.PutAscii(text, static_cast<size_t>(length));
     if (text != stack)
         delete[] text;
@@ -323,19 +323,19 @@ size_t FloatEstimate(int width, int precision, double value) {
     return n > 0 ? static_cast<size_t>(n) : 0;
 }
 
-size_t TextEstimate(const Spec& spec, const void* text) {
+size_t TextEstimate(const Conversion& conv, const void* text) {
     size_t n;
     if (text == nullptr) {
         n = 6;
     } else {
-        n = IsWideText(spec) ? chars::Length(static_cast<const char16_t*>(text))
+        n = IsWideText(conv) ? chars::Length(static_cast<const char16_t*>(text))
                              : std::strlen(static_cast<const char*>(text));
         if (n < 1)
             n = 1;
     }
-    if (spec.precision > 0 && static_cast<size_t>(spec.precision) < n)
-        n = spec.precision;
-    return n > static_cast<size_t>(spec.width) ? n : static_cast<size_t>(spec.width);
+    if (conv.precision > 0 && static_cast<size_t>(conv.precision) < n)
+        n = conv.precision;
+    return n > static_cast<size_t>(conv.width) ? n : static_cast<size_t>(conv.width);
 }
 
 size_t AtLeast(size_t value, size_t floor) {
@@ -354,13 +354,13 @@ size_t FormatEstimate(const char16_t* format, va_list args) {
             ++p;
             continue;
         }
-        Spec spec;
-        p = ParseSpec(p, ap, spec);
-        if (spec.alternate)
+        Conversion conv;
+        p = ParseConversion(p, ap, conv);
+        if (conv.alternate)
             total += 2;
-        size_t widthAndPrecision = static_cast<size_t>(spec.width) +
-                                   static_cast<size_t>(spec.precision > 0 ? spec.precision : 0);
-        switch (spec.conversion) {
+        size_t widthAndPrecision = static_cast<size_t>(conv.width) +
+                                   static_cast<size_t>(conv.precision > 0 ? conv.precision : 0);
+        switch (conv.conversion) {
             case u'c':
             case u'C':
                 total += 2;
@@ -368,7 +368,7 @@ size_t FormatEstimate(const char16_t* format, va_list args) {
                 break;
             case u's':
             case u'S':
-                total += TextEstimate(spec, va_arg(ap, const void*));
+                total += TextEstimate(conv, va_arg(ap, const void*));
                 break;
             case u'd':
             case u'i':
@@ -377,9 +377,9 @@ size_t FormatEstimate(const char16_t* format, va_list args) {
             case u'X':
             case u'o':
                 total += AtLeast(widthAndPrecision, 32);
-                if (spec.size == Size::LongLong) {
+                if (conv.size == Size::LongLong) {
                     (void)va_arg(ap, long long);
-                } else if (spec.size == Size::Long) {
+                } else if (conv.size == Size::Long) {
                     (void)va_arg(ap, long);
                 } else {
                     (void)va_arg(ap, int);
@@ -398,7 +398,7 @@ size_t FormatEstimate(const char16_t* format, va_list args) {
                 (void)va_arg(ap, double);
                 break;
             case u'f':
-                total += FloatEstimate(spec.width, spec.precision > 0 ? spec.precision : 0,
+                total += FloatEstimate(conv.width, conv.precision > 0 ? conv.precision : 0,
                                        va_arg(ap, double));
                 break;
             case u'n':
@@ -429,29 +429,29 @@ size_t FormatInto(char16_t* buf, size_t cap, const char16_t* format, va_list arg
             p += 2;
             continue;
         }
-        Spec spec;
-        p = ParseSpec(p + 1, ap, spec);
-        switch (spec.conversion) {
+        Conversion conv;
+        p = ParseConversion(p + 1, ap, conv);
+        switch (conv.conversion) {
             case u'c':
             case u'C':
-                PutChar(out, spec, va_arg(ap, int));
+                PutChar(out, conv, va_arg(ap, int));
                 break;
             case u's':
             case u'S':
-                PutText(out, spec, va_arg(ap, const void*));
+                PutText(out, conv, va_arg(ap, const void*));
                 break;
             case u'd':
             case u'i':
-                PutSigned(out, spec, ap);
+                PutSigned(out, conv, ap);
                 break;
             case u'u':
             case u'x':
             case u'X':
             case u'o':
-                PutUnsigned(out, spec, ap);
+                PutUnsigned(out, conv, ap);
                 break;
             case u'p':
-                PutInteger(out, spec, reinterpret_cast<uintptr_t>(va_arg(ap, void*)), false);
+                PutInteger(out, conv, reinterpret_cast<uintptr_t>(va_arg(ap, void*)), false);
                 break;
             case u'e':
             case u'E':
@@ -459,7 +459,7 @@ size_t FormatInto(char16_t* buf, size_t cap, const char16_t* format, va_list arg
             case u'g':
             case u'G':
             case u'a':
-                PutFloat(out, spec, va_arg(ap, double));
+                PutFloat(out, conv, va_arg(ap, double));
                 break;
             // %n is consumed but never written through: a format must not store into memory.
             case u'n':
@@ -468,7 +468,7 @@ size_t FormatInto(char16_t* buf, size_t cap, const char16_t* format, va_list arg
             case 0:
                 break;
             default:
-                out.Put(spec.conversion);
+                out.Put(conv.conversion);
                 break;
         }
     }

@@ -1,0 +1,292 @@
+#include "skin/Skin.h"
+
+#include <vector>
+
+#include "app/ScreenInfo.h"
+#include "base/SettingsStore.h"
+#include "platform/Gdi.h"
+#include "platform/WideCast.h"
+#include "skin/ImageFile.h"
+#include "skin/IniFile.h"
+
+namespace {
+
+constexpr char16_t kSkinFileName[] = u"skin.ini";
+constexpr char16_t kSkinSection[] = u"Dialdeck";
+
+/// Colour keys in the order they are read, with the field each one sets.
+struct ColourKey {
+    const char16_t* key;
+    COLORREF SkinColours::*field;
+};
+constexpr ColourKey kColourKeys[] = {
+    {u"BgrColor", &SkinColours::background},
+    {u"TxtColor", &SkinColours::text},
+    {u"TxtSelectColor", &SkinColours::textSelected},
+    {u"BtnNumberColor", &SkinColours::buttonNumber},
+    {u"PhoneTypeColor1", &SkinColours::phoneType1},
+    {u"PhoneTypeColor2", &SkinColours::phoneType2},
+};
+
+/// Font keys, in the order of SkinFont.
+constexpr const char16_t* kFontKeys[] = {u"FontText", u"FontSmall", u"FontButton"};
+/// Defaults are made in this order: small, text, button.
+constexpr SkinFont kDefaultFontOrder[] = {SkinFont::kSmall, SkinFont::kText, SkinFont::kButton};
+
+/// The four size-dependent bitmaps: resource numbers and names, small then big.
+struct ButtonBitmap {
+    uint32_t smallId;
+    const char16_t* smallName;
+    uint32_t bigId;
+    const char16_t* bigName;
+};
+constexpr ButtonBitmap kButtonBitmaps[] = {
+    {115, u"small_btn_text", 106, u"big_btn_text"},
+    {113, u"small_btn_add", 109, u"big_btn_add"},
+    {110, u"small_photo_frame", 101, u"big_photo_frame"},
+    {111, u"small_active_frame", 102, u"big_active_frame"},
+};
+
+/// A read-only view of a whole file; every part closed by the destructor.
+class MappedFile {
+  public:
+    explicit MappedFile(const wchar_t* path) {
+        file_ = CreateFileW(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                            FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file_ == INVALID_HANDLE_VALUE)
+            return;
+        mapping_ = CreateFileMappingW(file_, nullptr, PAGE_READONLY, 0, 0, nullptr);
+        if (mapping_ == nullptr)
+            return;
+        view_ = MapViewOfFile(mapping_, FILE_MAP_READ, 0, 0, 0);
+        if (view_ != nullptr)
+            size_ = GetFileSize(file_, nullptr);
+    }
+    ~MappedFile() {
+        if (view_ != nullptr)
+            UnmapViewOfFile(view_);
+        if (mapping_ != nullptr)
+            CloseHandle(mapping_);
+        if (file_ != INVALID_HANDLE_VALUE)
+            CloseHandle(file_);
+    }
+    MappedFile(const MappedFile&) = delete;
+    MappedFile& operator=(const MappedFile&) = delete;
+
+    const uint8_t* Bytes() const { return static_cast<const uint8_t*>(view_); }
+    size_t Size() const { return size_ == INVALID_FILE_SIZE ? 0 : size_; }
+
+  private:
+    HANDLE file_ = INVALID_HANDLE_VALUE;
+    HANDLE mapping_ = nullptr;
+    void* view_ = nullptr;
+    DWORD size_ = 0;
+};
+
+LOGFONTW SystemFontDescription() {
+    LOGFONTW lf{};
+    GetObjectW(GetStockObject(SYSTEM_FONT), sizeof lf, &lf);
+    return lf;
+}
+
+int32_t PixelsPerInch() {
+    // Before start-up has measured the screen (tests), the design resolution stands in.
+    return Screen().dpiY != 0 ? Screen().dpiY : 96;
+}
+
+HDC SharedMemoryDc() {
+    static HDC dc = CreateCompatibleDC(nullptr);
+    return dc;
+}
+
+}  // namespace
+
+Skin::Skin(const Str& folder, HMODULE library) : folder_(folder), library_(library) {}
+
+Skin::~Skin() {
+    for (HFONT& font : fonts_) {
+        if (font != nullptr)
+            DeleteObject(font);
+    }
+    for (HBITMAP& bitmap : buttons_) {
+        if (bitmap != nullptr)
+            DeleteObject(bitmap);
+    }
+}
+
+void Skin::LoadSkinFile() {
+    colours_ = SkinColours{};
+    Str path = folder_;
+    path.Append(kSkinFileName);  // no separator: the name read ends in "DialdeckSkinskin.ini"
+    MappedFile file(W(path.c_str()));
+    if (file.Bytes() != nullptr)
+        ReadSkinFile(file.Bytes(), file.Size());
+    CreateDefaultFonts();
+}
+
+void Skin::ReadSkinFile(const uint8_t* bytes, size_t length) {
+    IniFile ini;
+    ini.Parse(bytes, length);
+    const int section = ini.FindSection(kSkinSection);
+    if (section < 0)
+        return;
+    for (const ColourKey& key : kColourKeys) {
+        uint32_t colour = colours_.*key.field;
+        ini.GetColor(section, key.key, colour);
+        colours_.*key.field = colour;
+    }
+    for (int i = 0; i < 3; ++i) {
+        HFONT font = ReadFont(ini, section, kFontKeys[i]);
+        if (font == nullptr)
+            continue;
+        if (fonts_[i] != nullptr)
+            DeleteObject(fonts_[i]);
+        fonts_[i] = font;
+    }
+}
+
+HFONT Skin::ReadFont(const IniFile& ini, int section, const char16_t* key) const {
+    int32_t size = 0;
+    Str face;
+    int32_t weightCode = 0;
+    bool italic = false;
+    bool clearType = false;
+    if (!ini.GetFontSpec(section, key, size, face, weightCode, italic, &clearType)) {
+        return nullptr;
+    }
+    return CreateFontFrom(FontFromSpec(PixelsPerInch(), size, face, weightCode, italic, clearType));
+}
+
+void Skin::CreateDefaultFonts() {
+    for (SkinFont which : kDefaultFontOrder) {
+        HFONT& font = fonts_[static_cast<int32_t>(which)];
+        if (font == nullptr)
+            font = CreateFontFrom(DefaultFont(which, PixelsPerInch()));
+    }
+}
+
+HFONT Skin::CreateFontFrom(const FontChoice& choice) const {
+    LOGFONTW lf = SystemFontDescription();
+    lf.lfHeight = choice.height;
+    lf.lfWidth = 0;
+    lf.lfUnderline = FALSE;
+    lf.lfStrikeOut = FALSE;
+    lf.lfWeight = choice.weight;
+    lf.lfItalic = choice.italic ? TRUE : FALSE;
+    lf.lfQuality = choice.quality;
+    lstrcpynW(lf.lfFaceName, W(choice.face.c_str()), LF_FACESIZE);
+    return CreateFontIndirectW(&lf);
+}
+
+HBITMAP Skin::LoadSkinBitmap(uint32_t resourceId, const char16_t* name) const {
+    if (name != nullptr) {
+        Str path;
+        path.Format(u"%s\\%s.bmp", folder_.c_str(), name);
+        if (HBITMAP bitmap = DecodeImageFileToBitmap(W(path.c_str())))
+            return bitmap;
+    }
+    if (library_ == nullptr)
+        return nullptr;
+    return LoadBitmapW(library_, MAKEINTRESOURCEW(resourceId));
+}
+
+bool Skin::SetBigButtons(bool big) {
+    const int32_t flag = big ? 1 : 0;
+    if (flag == big_)
+        return false;
+    big_ = flag;
+    settings::WriteNumber(settings::kSettingsKey, settings::kBigButtons.name,
+                          static_cast<uint32_t>(flag));
+    for (int i = 0; i < 4; ++i) {
+        if (buttons_[i] != nullptr)
+            DeleteObject(buttons_[i]);
+        const ButtonBitmap& b = kButtonBitmaps[i];
+        buttons_[i] =
+            big ? LoadSkinBitmap(b.bigId, b.bigName) : LoadSkinBitmap(b.smallId, b.smallName);
+    }
+    SIZE face = BitmapSize(buttons_[static_cast<int32_t>(ButtonArt::kFace)]);
+    cellW_ = face.cx / 2;  // normal and pressed faces side by side
+    cellH_ = face.cy;
+    return true;
+}
+
+bool Skin::FitText(Str& text, int maxWidth, HDC dc) {
+    const int length = text.Length();
+    std::vector<int> extents(static_cast<size_t>(length) + 1, 0);
+    SIZE whole{};
+    GetTextExtentExPointW(dc, W(text.c_str()), length, 0, nullptr, extents.data(), &whole);
+    if (whole.cx <= maxWidth)
+        return false;
+    SIZE dot{};
+    GetTextExtentPoint32W(dc, L".", 1, &dot);
+    const int32_t keep = FitKeepCount(extents.data(), length, dot.cx, maxWidth);
+    text = ShortenedText(text, keep);
+    return true;
+}
+
+int Skin::GetFontHeight(HFONT font) {
+    HDC dc = SharedMemoryDc();
+    gdi::Selection selection(dc, font);
+    SIZE size{};
+    GetTextExtentPoint32W(dc, L"A", 1, &size);
+    return size.cy;
+}
+
+bool Skin::TileBitmap(HDC dc, HBITMAP bitmap, const RECT& rect) {
+    const SIZE size = BitmapSize(bitmap);
+    if (size.cx == 0 || size.cy == 0)
+        return false;
+    HDC source = CreateCompatibleDC(dc);
+    {
+        gdi::Selection selection(source, bitmap);
+        for (LONG y = rect.top; y < rect.bottom; y += size.cy) {
+            const LONG h = y + size.cy > rect.bottom ? rect.bottom - y : size.cy;
+            for (LONG x = rect.left; x < rect.right; x += size.cx) {
+                const LONG w = x + size.cx > rect.right ? rect.right - x : size.cx;
+                BitBlt(dc, x, y, w, h, source, 0, 0, SRCCOPY);
+            }
+        }
+    }
+    DeleteDC(source);
+    return true;
+}
+
+void Skin::DrawTransparent(HDC dc, int x, int y, HBITMAP bitmap, int sx, int sy, int width,
+                           int height) {
+    if (bitmap == nullptr || width <= 0 || height <= 0)
+        return;
+    HDC source = CreateCompatibleDC(dc);
+    {
+        gdi::Selection selection(source, bitmap);
+        TransparentBlt(dc, x, y, width, height, source, sx, sy, width, height, kTransparentKey);
+    }
+    DeleteDC(source);
+}
+
+void Skin::DrawWrapped(HDC dc, const Str& text, const RECT& rect) {
+    constexpr UINT kFormat = DT_CENTER | DT_WORDBREAK | DT_WORD_ELLIPSIS | DT_NOPREFIX;
+    const int boxHeight = rect.bottom - rect.top;
+    if (boxHeight <= 0 || rect.right <= rect.left)
+        return;
+    RECT measured = rect;
+    const int height =
+        DrawTextW(dc, W(text.c_str()), text.Length(), &measured, kFormat | DT_CALCRECT);
+    TEXTMETRICW tm{};
+    GetTextMetricsW(dc, &tm);
+    const int line = tm.tmHeight > 0 ? tm.tmHeight : 1;
+    // Only whole lines: a text taller than the box keeps the lines that fit.
+    const int shown = height <= boxHeight ? height : boxHeight / line * line;
+    if (shown <= 0)
+        return;
+    RECT target = rect;
+    target.top = rect.top + (boxHeight - shown) / 2;
+    target.bottom = target.top + shown;
+    DrawTextW(dc, W(text.c_str()), text.Length(), &target, kFormat);
+}
+
+SIZE Skin::BitmapSize(HBITMAP bitmap) {
+    BITMAP info{};
+    if (bitmap == nullptr || GetObjectW(bitmap, sizeof info, &info) == 0)
+        return SIZE{0, 0};
+    return SIZE{info.bmWidth, info.bmHeight};
+}

@@ -1,0 +1,17 @@
+#pragma once
+// One contact found by a text search: its position in the contact table and its best match.
+
+#include <cstdint>
+#include <vector>
+
+struct SearchHit {
+    uint32_t position;  ///< in the ContactTable (display-name order)
+    uint8_t rank;       ///< MatchRank
+    uint8_t word;       ///< the word a name match starts at
+
+    bool operator==(const SearchHit& other) const {
+        return position == other.position && rank == other.rank && word == other.word;
+    }
+};
+
+using SearchHits = std::vector<SearchHit>;

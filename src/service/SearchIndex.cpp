@@ -1,0 +1,367 @@
+#include "service/SearchIndex.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr int kGroupCount = 1000;
+
+template <typename T>
+size_t VectorBytes(const std::vector<T>& v) {
+    return v.capacity() * sizeof(T);
+}
+
+/// The first entry in [lo, hi) whose value is not below `want`, given values that never
+/// decrease over the range.
+template <typename ValueAt>
+uint32_t FirstNotBelow(uint32_t lo, uint32_t hi, char want, const ValueAt& valueAt) {
+    while (lo < hi) {
+        uint32_t mid = lo + (hi - lo) / 2;
+        if (valueAt(mid) < want) {
+            lo = mid + 1;
+        } else {
+            hi = mid;
+        }
+    }
+    return lo;
+}
+
+}  // namespace
+
+void SearchIndex::Build(const ContactTable& table, const LetterKeys& keys) {
+    table_ = &table;
+    keys_ = &keys;
+    IndexNames(table);
+    IndexNumbers(table);
+    levelQuery_.clear();
+    levels_.clear();
+    size_t n = static_cast<size_t>(table.Size());
+    stamp_.assign(n, 0);
+    best_.assign(n, 0);
+    touched_.clear();
+    for (auto& bits : rankBits_)
+        bits.assign(n / 64 + 1, 0);
+    generation_ = 0;
+}
+
+void SearchIndex::IndexNames(const ContactTable& table) {
+    words_.clear();
+    keyText_.clear();
+    ambiguous_.clear();
+    size_t n = static_cast<size_t>(table.Size());
+    firstWord_.assign(n + 1, 0);
+    std::vector<NameWord> split;
+    for (size_t p = 0; p < n; ++p) {
+        firstWord_[p] = static_cast<uint32_t>(words_.size());
+        const ServiceContact& contact = table.At(static_cast<int>(p));
+        bool ambiguous = false;
+        SplitNameWords(contact, *keys_, split, &ambiguous);
+        if (ambiguous) {
+            ambiguous_.push_back(static_cast<uint32_t>(p));
+            continue;
+        }
+        for (size_t i = 0; i < split.size(); ++i) {
+            const NameWord& w = split[i];
+            bool lastInRun = i + 1 == split.size() || split[i + 1].sequence != w.sequence;
+            uint8_t flags = static_cast<uint8_t>((w.nameStart ? kNameStartFlag : 0) |
+                                                 (lastInRun ? kLastInRunFlag : 0));
+            words_.push_back({static_cast<uint32_t>(p), static_cast<uint32_t>(keyText_.size()),
+                              w.start, w.end, w.field, flags, static_cast<uint8_t>(i), w.sequence});
+            const std::u16string& text = contact.fields[w.field];
+            for (size_t c = w.start; c < w.end; ++c) {
+                int key = SingleKey(keys_->Mask(text[c]));
+                if (key >= 0)
+                    keyText_.push_back(static_cast<char>('0' + key));
+            }
+            if (lastInRun)
+                keyText_.push_back(0);
+        }
+    }
+    firstWord_[n] = static_cast<uint32_t>(words_.size());
+
+    byKeys_.resize(words_.size());
+    for (size_t i = 0; i < words_.size(); ++i)
+        byKeys_[i] = static_cast<uint32_t>(i);
+    const char* text = keyText_.data();
+    std::sort(byKeys_.begin(), byKeys_.end(), [&](uint32_t a, uint32_t b) {
+        return std::strcmp(text + words_[a].keyPos, text + words_[b].keyPos) < 0;
+    });
+
+    byInitials_.clear();
+    for (size_t i = 0; i < words_.size(); ++i) {
+        if (!(words_[i].flags & kLastInRunFlag))
+            byInitials_.push_back(static_cast<uint32_t>(i));
+    }
+    std::sort(byInitials_.begin(), byInitials_.end(), [&](uint32_t a, uint32_t b) {
+        for (size_t k = 0;; ++k) {
+            char x = InitialAt(a, k);
+            char y = InitialAt(b, k);
+            if (x != y)
+                return x < y;
+            if (x == 0)
+                return false;
+        }
+    });
+}
+
+void SearchIndex::IndexNumbers(const ContactTable& table) {
+    size_t n = static_cast<size_t>(table.Size());
+    digits_.clear();
+    digitsStart_.assign(n + 1, 0);
+    digitMask_.assign(n, 0);
+    pairMask_.assign(2 * n, 0);
+    std::vector<std::vector<uint32_t>> lists(kGroupCount);
+    std::vector<uint16_t> groups;
+    for (size_t p = 0; p < n; ++p) {
+        digitsStart_[p] = static_cast<uint32_t>(digits_.size());
+        groups.clear();
+        for (const ServicePhone& phone : table.At(static_cast<int>(p)).phones) {
+            size_t first = digits_.size();
+            for (char16_t c : phone.number) {
+                if (c >= u'0' && c <= u'9')
+                    digits_.push_back(static_cast<char>(c));
+            }
+            for (size_t i = first; i < digits_.size(); ++i) {
+                int d = digits_[i] - '0';
+                digitMask_[p] |= static_cast<uint16_t>(1u << d);
+                if (i + 1 < digits_.size()) {
+                    int pair = d * 10 + (digits_[i + 1] - '0');
+                    pairMask_[2 * p + pair / 64] |= uint64_t{1} << (pair % 64);
+                }
+                if (i + 2 < digits_.size()) {
+                    groups.push_back(static_cast<uint16_t>(d * 100 + (digits_[i + 1] - '0') * 10 +
+                                                           (digits_[i + 2] - '0')));
+                }
+            }
+            digits_.push_back(0);
+        }
+        std::sort(groups.begin(), groups.end());
+        groups.erase(std::unique(groups.begin(), groups.end()), groups.end());
+        for (uint16_t g : groups)
+            lists[g].push_back(static_cast<uint32_t>(p));
+    }
+    digitsStart_[n] = static_cast<uint32_t>(digits_.size());
+    groupLists_.clear();
+    groupStart_.assign(kGroupCount + 1, 0);
+    for (int g = 0; g < kGroupCount; ++g) {
+        groupStart_[g] = static_cast<uint32_t>(groupLists_.size());
+        uint32_t previous = 0;
+        for (uint32_t p : lists[g]) {
+            uint32_t delta = p - previous;
+            previous = p;
+            while (delta >= 0x80) {
+                groupLists_.push_back(static_cast<uint8_t>(delta | 0x80));
+                delta >>= 7;
+            }
+            groupLists_.push_back(static_cast<uint8_t>(delta));
+        }
+    }
+    groupStart_[kGroupCount] = static_cast<uint32_t>(groupLists_.size());
+}
+
+char SearchIndex::KeyAt(uint32_t entry, size_t offset) const {
+    return keyText_[words_[entry].keyPos + offset];
+}
+
+char SearchIndex::InitialAt(uint32_t entry, size_t offset) const {
+    for (size_t k = 0; k < offset; ++k) {
+        if (words_[entry + k].flags & kLastInRunFlag)
+            return 0;
+    }
+    return keyText_[words_[entry + offset].keyPos];
+}
+
+void SearchIndex::NumbersOfFirstGroup(const KeyQuery& query, std::vector<uint32_t>& out) const {
+    int g = query[0] * 100 + query[1] * 10 + query[2];
+    uint32_t p = 0;
+    size_t i = groupStart_[g];
+    while (i < groupStart_[g + 1]) {
+        uint32_t delta = 0;
+        for (int shift = 0;; shift += 7) {
+            uint8_t byte = groupLists_[i++];
+            delta |= static_cast<uint32_t>(byte & 0x7F) << shift;
+            if (!(byte & 0x80))
+                break;
+        }
+        p += delta;
+        out.push_back(p);
+    }
+}
+
+bool SearchIndex::DigitsContain(uint32_t contact, const char* digits, size_t n) const {
+    const char* first = digits_.data() + digitsStart_[contact];
+    const char* last = digits_.data() + digitsStart_[contact + 1];
+    return std::search(first, last, digits, digits + n) != last;
+}
+
+void SearchIndex::Extend(size_t i, const KeyQuery& query) {
+    Level level;
+    uint32_t lo = 0;
+    uint32_t hi = static_cast<uint32_t>(byKeys_.size());
+    uint32_t initialsLo = 0;
+    uint32_t initialsHi = static_cast<uint32_t>(byInitials_.size());
+    if (i > 0) {
+        lo = levels_[i - 1].wordLo;
+        hi = levels_[i - 1].wordHi;
+        initialsLo = levels_[i - 1].initialsLo;
+        initialsHi = levels_[i - 1].initialsHi;
+    }
+    char want = static_cast<char>('0' + query[i]);
+    auto keyAt = [&](uint32_t e) { return KeyAt(byKeys_[e], i); };
+    level.wordLo = FirstNotBelow(lo, hi, want, keyAt);
+    level.wordHi = FirstNotBelow(level.wordLo, hi, static_cast<char>(want + 1), keyAt);
+    auto initialAt = [&](uint32_t e) { return InitialAt(byInitials_[e], i); };
+    level.initialsLo = FirstNotBelow(initialsLo, initialsHi, want, initialAt);
+    level.initialsHi =
+        FirstNotBelow(level.initialsLo, initialsHi, static_cast<char>(want + 1), initialAt);
+    if (i == 2) {
+        NumbersOfFirstGroup(query, level.numberHits);
+    } else if (i > 2) {
+        char typed[64];
+        size_t n = std::min<size_t>(i + 1, sizeof typed);
+        for (size_t k = 0; k < n; ++k)
+            typed[k] = static_cast<char>('0' + query[k]);
+        for (uint32_t p : levels_[i - 1].numberHits) {
+            if (DigitsContain(p, typed, n))
+                level.numberHits.push_back(p);
+        }
+    }
+    levels_.push_back(std::move(level));
+}
+
+void SearchIndex::Search(const KeyQuery& query, SearchHits& hits) {
+    hits.clear();
+    if (query.empty()) {
+        hits.reserve(static_cast<size_t>(table_->Size()));
+        for (int p = 0; p < table_->Size(); ++p) {
+            hits.push_back({static_cast<uint32_t>(p), kRankAll, 0});
+        }
+        return;
+    }
+    size_t keep = 0;
+    while (keep < levels_.size() && keep < query.size() && levelQuery_[keep] == query[keep]) {
+        ++keep;
+    }
+    levels_.resize(keep);
+    for (size_t i = keep; i < query.size(); ++i)
+        Extend(i, query);
+    levelQuery_ = query;
+    Collect(query, hits);
+}
+
+void SearchIndex::Offer(uint32_t contact, uint8_t rank, uint8_t word) {
+    uint16_t code = static_cast<uint16_t>(rank << 8 | word);
+    if (stamp_[contact] != generation_) {
+        stamp_[contact] = generation_;
+        best_[contact] = code;
+        touched_.push_back(contact);
+    } else if (code < best_[contact]) {
+        best_[contact] = code;
+    }
+}
+
+void SearchIndex::Collect(const KeyQuery& query, SearchHits& hits) {
+    if (++generation_ == 0) {
+        std::fill(stamp_.begin(), stamp_.end(), 0);
+        generation_ = 1;
+    }
+    touched_.clear();
+    const Level& top = levels_[query.size() - 1];
+    for (uint32_t e = top.wordLo; e < top.wordHi; ++e) {
+        const IndexWord& w = words_[byKeys_[e]];
+        Offer(w.contact, (w.flags & kNameStartFlag) ? kRankNameStart : kRankWord, w.local);
+    }
+    if (query.size() >= 2) {
+        for (uint32_t e = top.initialsLo; e < top.initialsHi; ++e) {
+            const IndexWord& w = words_[byInitials_[e]];
+            Offer(w.contact, kRankInitials, w.local);
+        }
+    }
+    std::vector<NameWord> split;
+    for (uint32_t p : ambiguous_) {
+        const ServiceContact& contact = table_->At(static_cast<int>(p));
+        SplitNameWords(contact, *keys_, split, nullptr);
+        ContactMatch match;
+        if (BestNameMatch(contact, split, *keys_, query, match))
+            Offer(p, match.rank, match.word);
+    }
+    uint32_t n = static_cast<uint32_t>(table_->Size());
+    if (query.size() == 1) {
+        for (uint32_t p = 0; p < n; ++p) {
+            if ((digitMask_[p] >> query[0]) & 1u)
+                Offer(p, kRankNumber, 0);
+        }
+    } else if (query.size() == 2) {
+        int pair = query[0] * 10 + query[1];
+        for (uint32_t p = 0; p < n; ++p) {
+            if ((pairMask_[2 * p + pair / 64] >> (pair % 64)) & 1u)
+                Offer(p, kRankNumber, 0);
+        }
+    } else {
+        for (uint32_t p : top.numberHits)
+            Offer(p, kRankNumber, 0);
+    }
+
+    hits.reserve(touched_.size());
+    if (touched_.size() * 32 < n) {
+        std::sort(touched_.begin(), touched_.end(), [&](uint32_t a, uint32_t b) {
+            uint8_t ra = static_cast<uint8_t>(best_[a] >> 8);
+            uint8_t rb = static_cast<uint8_t>(best_[b] >> 8);
+            return ra != rb ? ra < rb : a < b;
+        });
+        for (uint32_t p : touched_) {
+            hits.push_back(
+                {p, static_cast<uint8_t>(best_[p] >> 8), static_cast<uint8_t>(best_[p] & 0xFF)});
+        }
+        return;
+    }
+    for (uint32_t p : touched_)
+        rankBits_[best_[p] >> 8][p / 64] |= uint64_t{1} << (p % 64);
+    for (uint8_t rank = 0; rank < 4; ++rank) {
+        std::vector<uint64_t>& bits = rankBits_[rank];
+        for (size_t i = 0; i < bits.size(); ++i) {
+            uint64_t word = bits[i];
+            bits[i] = 0;
+            while (word != 0) {
+                uint32_t p =
+                    static_cast<uint32_t>(i * 64 + static_cast<size_t>(__builtin_ctzll(word)));
+                word &= word - 1;
+                hits.push_back({p, rank, static_cast<uint8_t>(best_[p] & 0xFF)});
+            }
+        }
+    }
+}
+
+NameWord SearchIndex::WordOf(const IndexWord& w) const {
+    return NameWord{w.field, w.sequence, (w.flags & kNameStartFlag) != 0, w.start, w.end};
+}
+
+void SearchIndex::AppendHitText(const SearchHit& hit, size_t queryLength,
+                                std::u16string& out) const {
+    const ServiceContact& contact = table_->At(static_cast<int>(hit.position));
+    ContactMatch match{hit.rank, hit.word};
+    uint32_t first = firstWord_[hit.position];
+    uint32_t count = firstWord_[hit.position + 1] - first;
+    if (hit.rank <= kRankInitials && count == 0) {
+        std::vector<NameWord> split;
+        SplitNameWords(contact, *keys_, split, nullptr);
+        auto wordAt = [&](int i) { return split[static_cast<size_t>(i)]; };
+        AppendFragments(contact, *keys_, wordAt, static_cast<int>(split.size()), match, queryLength,
+                        out);
+        return;
+    }
+    auto wordAt = [&](int i) { return WordOf(words_[first + static_cast<uint32_t>(i)]); };
+    AppendFragments(contact, *keys_, wordAt, static_cast<int>(count), match, queryLength, out);
+}
+
+size_t SearchIndex::Bytes() const {
+    size_t bytes = VectorBytes(words_) + VectorBytes(firstWord_) + VectorBytes(keyText_) +
+                   VectorBytes(byKeys_) + VectorBytes(byInitials_) + VectorBytes(ambiguous_) +
+                   VectorBytes(digits_) + VectorBytes(digitsStart_) + VectorBytes(digitMask_) +
+                   VectorBytes(pairMask_) + VectorBytes(groupLists_) + VectorBytes(groupStart_) +
+                   VectorBytes(stamp_) + VectorBytes(best_) + VectorBytes(touched_);
+    for (const auto& bits : rankBits_)
+        bytes += VectorBytes(bits);
+    return bytes;
+}

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -42,8 +43,9 @@ class MemoryContactsStore : public ContactsStore {
     void Put(const StoredContact& contact);
     /// Removes the contact with that object id; posts deleted when there was one.
     void Remove(uint32_t oid);
-    /// Replaces every contact; posts deleted, changed and created notices, in that order, for
-    /// exactly the contacts that differ (each group in the new or old order).
+    /// Replaces every contact (object ids must be unique); posts deleted, changed and created
+    /// notices, in that order, for exactly the contacts that differ (each group in the new or old
+    /// order).
     void ReplaceAll(std::vector<StoredContact> contacts);
     const std::vector<StoredContact>& Contacts() const { return contacts_; }
     /// The contact with that object id, or null.
@@ -62,8 +64,10 @@ class MemoryContactsStore : public ContactsStore {
 
   private:
     void Post(uint32_t message, uint32_t oid);
+    void Reindex();
 
     std::vector<StoredContact> contacts_;
+    std::unordered_map<uint32_t, size_t> index_;  ///< object id -> position in contacts_
     ContactsNoticeTarget* owner_ = nullptr;
     bool loggedOn_ = false;
     uint32_t folderNotifications_ = 0;

@@ -46,6 +46,8 @@ std::vector<VCard> ReadVCards(const uint8_t* bytes, size_t size);
 /// CHARSET applied (else UTF-8 when well-formed, else guessed), nothing unescaped.
 Str DecodeVCardText(const VCardProperty& property);
 
+/// Splits a decoded value at unescaped `separator`, keeping the escapes in the parts.
+std::vector<Str> SplitVCardRaw(const Str& value, char16_t separator);
 /// Splits a decoded value at unescaped `separator` (';' components, ',' lists) and undoes the
 /// escapes \\ \, \; \: and \n or \N (a line break); a lone backslash stays.
 std::vector<Str> SplitVCardValue(const Str& value, char16_t separator);

@@ -12,12 +12,12 @@
 #include <cwchar>
 
 #include "ScreenShot.h"
+#include "WindowProbe.h"
 
 namespace {
 
 constexpr wchar_t kBoardClass[] = L"Orvalis_Dialdeck_Wnd_Class";
 constexpr WPARAM kForcedClose = 100;
-constexpr DWORD kPollMs = 100;
 constexpr DWORD kSettleMs = 500;
 
 struct Options {
@@ -95,7 +95,7 @@ int wmain(int argc, wchar_t** argv) {
                       L"usage: ddshot [--class NAME] [--out FILE.png] [--timeout MS] [--close]\n");
         return 1;
     }
-    HWND window = WaitForVisibleWindow(options.windowClass, options.timeoutMs);
+    HWND window = probe::WaitForWindow(options.windowClass, nullptr, options.timeoutMs);
     if (window == nullptr) {
         std::fwprintf(stderr, L"ddshot: no visible window of class %ls\n", options.windowClass);
         return 2;

@@ -45,18 +45,6 @@ bool Parse(int argc, wchar_t** argv, Options& options) {
     return true;
 }
 
-HWND WaitForVisibleWindow(const wchar_t* windowClass, DWORD timeoutMs) {
-    DWORD start = GetTickCount();
-    for (;;) {
-        HWND window = FindWindowW(windowClass, nullptr);
-        if (window != nullptr && IsWindowVisible(window))
-            return window;
-        if (GetTickCount() - start >= timeoutMs)
-            return nullptr;
-        Sleep(kPollMs);
-    }
-}
-
 // Lets the program finish painting and the display catch up before the screen is read.
 void LetPaintSettle(HWND window) {
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);

@@ -249,14 +249,20 @@ NumberPlan PlanNumber(const VCard& card, const VCardProperty& tel, const Str& nu
         if (custom.empty() && !IsKnownType(type))
             custom = type;
     }
+    if (const std::string* own = tel.Param("X-CUSTOM"))
+        custom = *own;
     if (labelProperty != nullptr && !labelProperty->value.empty()) {
         custom = labelProperty->value;
     }
     if (plan.choice.slots.empty() && custom.empty())
         plan.choice = {kGenericSlots, false};
-    plan.label = !custom.empty()              ? ShownLabel(custom)
-                 : !plan.choice.slots.empty() ? Str(PhoneTypeLabel(plan.choice.slots.front()))
-                                              : Str(u"Phone");
+    if (!custom.empty()) {
+        plan.label = ShownLabel(custom);
+    } else if (plan.choice.specific) {
+        plan.label = PhoneTypeLabel(plan.choice.slots.front());
+    } else {
+        plan.label = u"Phone";
+    }
     return plan;
 }
 

@@ -69,8 +69,30 @@ std::string Unquoted(const std::string& text) {
 /// Bare vCard 2.1 parameters that name an encoding rather than a type.
 constexpr const char* kBareEncodings[] = {"QUOTED-PRINTABLE", "BASE64", "B", "8BIT", "7BIT"};
 
+std::string DecodeQuotedPrintable(const std::string& text);
+
+/// A phone's own label as some phones write it: X-CUSTOM(CHARSET=...,ENCODING=...,label).
+bool ParseCustomLabel(const std::string& text, VCardParam& param) {
+    std::string trimmed = Trimmed(text);
+    if (!StartsWithIgnoringCase(trimmed, "X-CUSTOM(") || trimmed.back() != ')')
+        return false;
+    std::vector<std::string> parts =
+        SplitOutsideQuotes(trimmed.substr(9, trimmed.size() - 10), ',');
+    bool quotedPrintable = false;
+    for (const std::string& part : parts) {
+        if (EqualsIgnoringCase(Trimmed(part), "ENCODING=QUOTED-PRINTABLE"))
+            quotedPrintable = true;
+    }
+    std::string label = Trimmed(parts.back());
+    param.name = "X-CUSTOM";
+    param.values = {quotedPrintable ? DecodeQuotedPrintable(label) : label};
+    return true;
+}
+
 VCardParam ParseParam(const std::string& text) {
     VCardParam param;
+    if (ParseCustomLabel(text, param))
+        return param;
     size_t equals = text.find('=');
     std::string values = text;
     if (equals == std::string::npos) {
@@ -83,10 +105,14 @@ VCardParam ParseParam(const std::string& text) {
         param.name = UpperCopy(Trimmed(text.substr(0, equals)));
         values = text.substr(equals + 1);
     }
+    // A quoted TYPE list ("work,voice") is a list all the same.
+    char separator = param.name == "TYPE" ? ',' : '\0';
     for (const std::string& value : SplitOutsideQuotes(values, ',')) {
-        std::string clean = Unquoted(value);
-        if (!clean.empty())
-            param.values.push_back(clean);
+        for (const std::string& part : SplitOutsideQuotes(Unquoted(value), separator)) {
+            std::string clean = Trimmed(part);
+            if (!clean.empty())
+                param.values.push_back(clean);
+        }
     }
     return param;
 }

@@ -13,7 +13,9 @@
 #include "base/Str.h"
 
 struct VCardParam {
-    std::string name;                 ///< upper-cased; a bare 2.1 parameter is named "TYPE"
+    /// Upper-cased; a bare 2.1 parameter is named "TYPE" (or "ENCODING"), a phone's own label
+    /// written X-CUSTOM(...,label) is "X-CUSTOM" with the label.
+    std::string name;
     std::vector<std::string> values;  ///< unquoted, split at commas
 };
 

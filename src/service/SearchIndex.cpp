@@ -32,6 +32,9 @@ uint32_t FirstNotBelow(uint32_t lo, uint32_t hi, char want, const ValueAt& value
 void SearchIndex::Build(const ContactTable& table, const LetterKeys& keys) {
     table_ = &table;
     keys_ = &keys;
+    oids_.resize(static_cast<size_t>(table.Size()));
+    for (int p = 0; p < table.Size(); ++p)
+        oids_[static_cast<size_t>(p)] = table.At(p).oid;
     IndexNames(table);
     IndexNumbers(table);
     levelQuery_.clear();
@@ -48,6 +51,7 @@ void SearchIndex::Build(const ContactTable& table, const LetterKeys& keys) {
 void SearchIndex::IndexNames(const ContactTable& table) {
     words_.clear();
     keyText_.clear();
+    wordText_.clear();
     ambiguous_.clear();
     size_t n = static_cast<size_t>(table.Size());
     firstWord_.assign(n + 1, 0);
@@ -64,11 +68,14 @@ void SearchIndex::IndexNames(const ContactTable& table) {
         for (size_t i = 0; i < split.size(); ++i) {
             const NameWord& w = split[i];
             bool lastInRun = i + 1 == split.size() || split[i + 1].sequence != w.sequence;
-            uint8_t flags = static_cast<uint8_t>((w.nameStart ? kNameStartFlag : 0) |
-                                                 (lastInRun ? kLastInRunFlag : 0));
-            words_.push_back({static_cast<uint32_t>(p), static_cast<uint32_t>(keyText_.size()),
-                              w.start, w.end, w.field, flags, static_cast<uint8_t>(i), w.sequence});
             const std::u16string& text = contact.fields[w.field];
+            uint8_t bits = static_cast<uint8_t>((w.nameStart ? kNameStartFlag : 0) |
+                                                (lastInRun ? kLastInRunFlag : 0));
+            words_.push_back({static_cast<uint32_t>(p), static_cast<uint32_t>(keyText_.size()),
+                              static_cast<uint32_t>(wordText_.size()), bits,
+                              static_cast<uint8_t>(i)});
+            wordText_.insert(wordText_.end(), text.begin() + w.start, text.begin() + w.end);
+            wordText_.push_back(0);
             for (size_t c = w.start; c < w.end; ++c) {
                 int key = SingleKey(keys_->Mask(text[c]));
                 if (key >= 0)
@@ -80,23 +87,26 @@ void SearchIndex::IndexNames(const ContactTable& table) {
     }
     firstWord_[n] = static_cast<uint32_t>(words_.size());
 
-    byKeys_.resize(words_.size());
-    for (size_t i = 0; i < words_.size(); ++i)
-        byKeys_[i] = static_cast<uint32_t>(i);
-    const char* text = keyText_.data();
-    std::sort(byKeys_.begin(), byKeys_.end(), [&](uint32_t a, uint32_t b) {
-        return std::strcmp(text + words_[a].keyPos, text + words_[b].keyPos) < 0;
-    });
-
+    byKeys_.clear();
     byInitials_.clear();
     for (size_t i = 0; i < words_.size(); ++i) {
-        if (!(words_[i].flags & kLastInRunFlag))
-            byInitials_.push_back(static_cast<uint32_t>(i));
+        const IndexWord& w = words_[i];
+        const char16_t* text = wordText_.data() + w.textPos;
+        char16_t lead = IsCombiningMark(text[1]) ? 0 : text[0];
+        auto rank = static_cast<uint8_t>((w.bits & kNameStartFlag) ? kRankNameStart : kRankWord);
+        byKeys_.push_back({w.keyPos, w.contact, rank, w.local, lead});
+        if (!(w.bits & kLastInRunFlag)) {
+            byInitials_.push_back({static_cast<uint32_t>(i), w.contact, kRankInitials, w.local, 0});
+        }
     }
-    std::sort(byInitials_.begin(), byInitials_.end(), [&](uint32_t a, uint32_t b) {
+    const char* text = keyText_.data();
+    std::sort(byKeys_.begin(), byKeys_.end(), [&](const Entry& a, const Entry& b) {
+        return std::strcmp(text + a.ref, text + b.ref) < 0;
+    });
+    std::sort(byInitials_.begin(), byInitials_.end(), [&](const Entry& a, const Entry& b) {
         for (size_t k = 0;; ++k) {
-            char x = InitialAt(a, k);
-            char y = InitialAt(b, k);
+            char x = InitialAt(a.ref, k);
+            char y = InitialAt(b.ref, k);
             if (x != y)
                 return x < y;
             if (x == 0)
@@ -109,8 +119,8 @@ void SearchIndex::IndexNumbers(const ContactTable& table) {
     size_t n = static_cast<size_t>(table.Size());
     digits_.clear();
     digitsStart_.assign(n + 1, 0);
-    digitMask_.assign(n, 0);
-    pairMask_.assign(2 * n, 0);
+    bitmapWords_ = n / 64 + 1;
+    holders_.assign(110 * bitmapWords_, 0);
     std::vector<std::vector<uint32_t>> lists(kGroupCount);
     std::vector<uint16_t> groups;
     for (size_t p = 0; p < n; ++p) {
@@ -124,10 +134,9 @@ void SearchIndex::IndexNumbers(const ContactTable& table) {
             }
             for (size_t i = first; i < digits_.size(); ++i) {
                 int d = digits_[i] - '0';
-                digitMask_[p] |= static_cast<uint16_t>(1u << d);
+                SetHolder(static_cast<size_t>(d), p);
                 if (i + 1 < digits_.size()) {
-                    int pair = d * 10 + (digits_[i + 1] - '0');
-                    pairMask_[2 * p + pair / 64] |= uint64_t{1} << (pair % 64);
+                    SetHolder(static_cast<size_t>(10 + d * 10 + (digits_[i + 1] - '0')), p);
                 }
                 if (i + 2 < digits_.size()) {
                     groups.push_back(static_cast<uint16_t>(d * 100 + (digits_[i + 1] - '0') * 10 +
@@ -160,13 +169,13 @@ void SearchIndex::IndexNumbers(const ContactTable& table) {
     groupStart_[kGroupCount] = static_cast<uint32_t>(groupLists_.size());
 }
 
-char SearchIndex::KeyAt(uint32_t entry, size_t offset) const {
-    return keyText_[words_[entry].keyPos + offset];
+char SearchIndex::KeyAt(const Entry& entry, size_t offset) const {
+    return keyText_[entry.ref + offset];
 }
 
 char SearchIndex::InitialAt(uint32_t entry, size_t offset) const {
     for (size_t k = 0; k < offset; ++k) {
-        if (words_[entry + k].flags & kLastInRunFlag)
+        if (words_[entry + k].bits & kLastInRunFlag)
             return 0;
     }
     return keyText_[words_[entry + offset].keyPos];
@@ -211,7 +220,7 @@ void SearchIndex::Extend(size_t i, const KeyQuery& query) {
     auto keyAt = [&](uint32_t e) { return KeyAt(byKeys_[e], i); };
     level.wordLo = FirstNotBelow(lo, hi, want, keyAt);
     level.wordHi = FirstNotBelow(level.wordLo, hi, static_cast<char>(want + 1), keyAt);
-    auto initialAt = [&](uint32_t e) { return InitialAt(byInitials_[e], i); };
+    auto initialAt = [&](uint32_t e) { return InitialAt(byInitials_[e].ref, i); };
     level.initialsLo = FirstNotBelow(initialsLo, initialsHi, want, initialAt);
     level.initialsHi =
         FirstNotBelow(level.initialsLo, initialsHi, static_cast<char>(want + 1), initialAt);
@@ -250,13 +259,13 @@ void SearchIndex::Search(const KeyQuery& query, SearchHits& hits) {
     Collect(query, hits);
 }
 
-void SearchIndex::Offer(uint32_t contact, uint8_t rank, uint8_t word) {
-    uint16_t code = static_cast<uint16_t>(rank << 8 | word);
+void SearchIndex::Offer(uint32_t contact, uint8_t rank, uint8_t word, char16_t lead) {
+    uint32_t code = static_cast<uint32_t>(rank) << 24 | static_cast<uint32_t>(word) << 16 | lead;
     if (stamp_[contact] != generation_) {
         stamp_[contact] = generation_;
         best_[contact] = code;
         touched_.push_back(contact);
-    } else if (code < best_[contact]) {
+    } else if (code >> 16 < best_[contact] >> 16) {
         best_[contact] = code;
     }
 }
@@ -269,13 +278,13 @@ void SearchIndex::Collect(const KeyQuery& query, SearchHits& hits) {
     touched_.clear();
     const Level& top = levels_[query.size() - 1];
     for (uint32_t e = top.wordLo; e < top.wordHi; ++e) {
-        const IndexWord& w = words_[byKeys_[e]];
-        Offer(w.contact, (w.flags & kNameStartFlag) ? kRankNameStart : kRankWord, w.local);
+        const Entry& entry = byKeys_[e];
+        Offer(entry.contact, entry.rank, entry.local, entry.lead);
     }
     if (query.size() >= 2) {
         for (uint32_t e = top.initialsLo; e < top.initialsHi; ++e) {
-            const IndexWord& w = words_[byInitials_[e]];
-            Offer(w.contact, kRankInitials, w.local);
+            const Entry& entry = byInitials_[e];
+            Offer(entry.contact, kRankInitials, entry.local, 0);
         }
     }
     std::vector<NameWord> split;
@@ -284,83 +293,122 @@ void SearchIndex::Collect(const KeyQuery& query, SearchHits& hits) {
         SplitNameWords(contact, *keys_, split, nullptr);
         ContactMatch match;
         if (BestNameMatch(contact, split, *keys_, query, match))
-            Offer(p, match.rank, match.word);
+            Offer(p, match.rank, match.word, 0);
     }
-    uint32_t n = static_cast<uint32_t>(table_->Size());
-    if (query.size() == 1) {
-        for (uint32_t p = 0; p < n; ++p) {
-            if ((digitMask_[p] >> query[0]) & 1u)
-                Offer(p, kRankNumber, 0);
-        }
-    } else if (query.size() == 2) {
-        int pair = query[0] * 10 + query[1];
-        for (uint32_t p = 0; p < n; ++p) {
-            if ((pairMask_[2 * p + pair / 64] >> (pair % 64)) & 1u)
-                Offer(p, kRankNumber, 0);
-        }
-    } else {
-        for (uint32_t p : top.numberHits)
-            Offer(p, kRankNumber, 0);
-    }
-
-    hits.reserve(touched_.size());
-    if (touched_.size() * 32 < n) {
-        std::sort(touched_.begin(), touched_.end(), [&](uint32_t a, uint32_t b) {
-            uint8_t ra = static_cast<uint8_t>(best_[a] >> 8);
-            uint8_t rb = static_cast<uint8_t>(best_[b] >> 8);
-            return ra != rb ? ra < rb : a < b;
-        });
-        for (uint32_t p : touched_) {
-            hits.push_back(
-                {p, static_cast<uint8_t>(best_[p] >> 8), static_cast<uint8_t>(best_[p] & 0xFF)});
-        }
+    if (query.size() <= 2) {
+        // Most contacts hold any one or two digits: mark them straight into the rank bitmaps.
+        for (uint32_t p : touched_)
+            rankBits_[best_[p] >> 24][p / 64] |= uint64_t{1} << (p % 64);
+        MarkNumberHits(query);
+        EmitByRank(hits);
         return;
     }
-    for (uint32_t p : touched_)
-        rankBits_[best_[p] >> 8][p / 64] |= uint64_t{1} << (p % 64);
+    for (uint32_t p : top.numberHits)
+        Offer(p, kRankNumber, 0, 0);
+    if (touched_.size() * 32 >= static_cast<size_t>(table_->Size())) {
+        for (uint32_t p : touched_)
+            rankBits_[best_[p] >> 24][p / 64] |= uint64_t{1} << (p % 64);
+        EmitByRank(hits);
+        return;
+    }
+    std::sort(touched_.begin(), touched_.end(), [&](uint32_t a, uint32_t b) {
+        return best_[a] >> 24 != best_[b] >> 24 ? best_[a] >> 24 < best_[b] >> 24 : a < b;
+    });
+    hits.reserve(touched_.size());
+    for (uint32_t p : touched_) {
+        hits.push_back(HitOf(p));
+    }
+}
+
+void SearchIndex::MarkNumberHits(const KeyQuery& query) {
+    size_t row = query.size() == 1 ? query[0] : 10u + query[0] * 10u + query[1];
+    const uint64_t* holders = holders_.data() + row * bitmapWords_;
+    // A contact with a name match keeps its better rank.
+    for (size_t i = 0; i < bitmapWords_; ++i) {
+        uint64_t named = rankBits_[0][i] | rankBits_[1][i] | rankBits_[2][i];
+        rankBits_[kRankNumber][i] = holders[i] & ~named;
+    }
+}
+
+void SearchIndex::SetHolder(size_t row, size_t contact) {
+    holders_[row * bitmapWords_ + contact / 64] |= uint64_t{1} << (contact % 64);
+}
+
+void SearchIndex::EmitByRank(SearchHits& hits) {
     for (uint8_t rank = 0; rank < 4; ++rank) {
         std::vector<uint64_t>& bits = rankBits_[rank];
         for (size_t i = 0; i < bits.size(); ++i) {
             uint64_t word = bits[i];
             bits[i] = 0;
             while (word != 0) {
-                uint32_t p =
-                    static_cast<uint32_t>(i * 64 + static_cast<size_t>(__builtin_ctzll(word)));
+                auto p = static_cast<uint32_t>(i * 64 + static_cast<size_t>(__builtin_ctzll(word)));
                 word &= word - 1;
-                hits.push_back({p, rank, static_cast<uint8_t>(best_[p] & 0xFF)});
+                hits.push_back(rank == kRankNumber ? SearchHit{p, rank, 0} : HitOf(p));
             }
         }
     }
 }
 
-NameWord SearchIndex::WordOf(const IndexWord& w) const {
-    return NameWord{w.field, w.sequence, (w.flags & kNameStartFlag) != 0, w.start, w.end};
+SearchHit SearchIndex::HitOf(uint32_t position) const {
+    uint32_t code = best_[position];
+    return {position, static_cast<uint8_t>(code >> 24), static_cast<uint8_t>(code >> 16),
+            static_cast<char16_t>(code)};
 }
 
 void SearchIndex::AppendHitText(const SearchHit& hit, size_t queryLength,
                                 std::u16string& out) const {
-    const ServiceContact& contact = table_->At(static_cast<int>(hit.position));
-    ContactMatch match{hit.rank, hit.word};
-    uint32_t first = firstWord_[hit.position];
-    uint32_t count = firstWord_[hit.position + 1] - first;
-    if (hit.rank <= kRankInitials && count == 0) {
-        std::vector<NameWord> split;
-        SplitNameWords(contact, *keys_, split, nullptr);
-        auto wordAt = [&](int i) { return split[static_cast<size_t>(i)]; };
-        AppendFragments(contact, *keys_, wordAt, static_cast<int>(split.size()), match, queryLength,
-                        out);
+    if (hit.rank > kRankInitials || queryLength == 0) {
+        out += u'+';
         return;
     }
-    auto wordAt = [&](int i) { return WordOf(words_[first + static_cast<uint32_t>(i)]); };
-    AppendFragments(contact, *keys_, wordAt, static_cast<int>(count), match, queryLength, out);
+    if (queryLength == 1 && hit.lead != 0) {
+        out += hit.lead;
+        return;
+    }
+    uint32_t first = firstWord_[hit.position];
+    if (firstWord_[hit.position + 1] > first) {
+        AppendWordFragments(hit, queryLength, first, out);
+        return;
+    }
+    // A contact matched one by one: split its names again.
+    const ServiceContact& contact = table_->At(static_cast<int>(hit.position));
+    std::vector<NameWord> split;
+    SplitNameWords(contact, *keys_, split, nullptr);
+    auto wordAt = [&](int i) { return split[static_cast<size_t>(i)]; };
+    AppendFragments(contact, *keys_, wordAt, static_cast<int>(split.size()),
+                    ContactMatch{hit.rank, hit.word}, queryLength, out);
+}
+
+void SearchIndex::AppendWordFragments(const SearchHit& hit, size_t queryLength, uint32_t first,
+                                      std::u16string& out) const {
+    // Inside a word every character is on a key or is a mark, so counting non-marks counts keys.
+    size_t left = queryLength;
+    for (uint32_t w = first + hit.word; left > 0; ++w) {
+        if (w > first + hit.word)
+            out += u'+';
+        const char16_t* text = wordText_.data() + words_[w].textPos;
+        size_t take = hit.rank == kRankInitials ? 1 : left;
+        size_t i = 0;
+        size_t taken = 0;
+        while (text[i] != 0 && taken < take) {
+            if (!IsCombiningMark(text[i]))
+                ++taken;
+            ++i;
+        }
+        while (text[i] != 0 && IsCombiningMark(text[i]))
+            ++i;
+        out.append(text, i);
+        left -= taken;
+    }
 }
 
 size_t SearchIndex::Bytes() const {
-    size_t bytes = VectorBytes(words_) + VectorBytes(firstWord_) + VectorBytes(keyText_) +
-                   VectorBytes(byKeys_) + VectorBytes(byInitials_) + VectorBytes(ambiguous_) +
-                   VectorBytes(digits_) + VectorBytes(digitsStart_) + VectorBytes(digitMask_) +
-                   VectorBytes(pairMask_) + VectorBytes(groupLists_) + VectorBytes(groupStart_) +
-                   VectorBytes(stamp_) + VectorBytes(best_) + VectorBytes(touched_);
+    size_t bytes = VectorBytes(oids_) + VectorBytes(words_) + VectorBytes(firstWord_) +
+                   VectorBytes(keyText_) + VectorBytes(wordText_) + VectorBytes(byKeys_) +
+                   VectorBytes(byInitials_) + VectorBytes(ambiguous_) + VectorBytes(digits_) +
+                   VectorBytes(digitsStart_) + VectorBytes(holders_) + VectorBytes(groupLists_) +
+                   VectorBytes(groupStart_) + VectorBytes(stamp_) + VectorBytes(best_) +
+                   VectorBytes(touched_);
     for (const auto& bits : rankBits_)
         bytes += VectorBytes(bits);
     return bytes;

@@ -5,9 +5,9 @@
 //     word start sorted by the key string that follows it: a typed text is a range of that
 //     array, and a continued text ("Fred S") is just a longer prefix;
 //   - the word starts that have a following word, sorted by the initials that follow them;
-//   - the digits of every number with, per contact, which digits and digit pairs occur, and
-//     for each of the 1,000 three-digit groups the list of contacts whose numbers hold it
-//     (delta-coded);
+//   - the digits of every number, a bitmap of the contacts holding each digit and each digit
+//     pair, and for each of the 1,000 three-digit groups the list of contacts whose numbers
+//     hold it (delta-coded);
 //   - the ranges and number hits of the last search, one level per typed digit, so appending a
 //     digit narrows the previous level and a backspace returns to a kept one.
 // Contacts with a character on two keys (possible only with a custom layout) stay out of the
@@ -33,19 +33,26 @@ class SearchIndex {
     /// Appends the fragments of a hit (see AppendFragments).
     void AppendHitText(const SearchHit& hit, size_t queryLength, std::u16string& out) const;
 
+    /// The object id of the contact at a table position.
+    uint32_t OidAt(uint32_t position) const { return oids_[position]; }
     /// Bytes of the index's own structures (contact texts not included).
     size_t Bytes() const;
 
   private:
     struct IndexWord {
         uint32_t contact;
-        uint32_t keyPos;  ///< first key of the word in keys_; the run ends at a 0
-        uint16_t start;
-        uint16_t end;
-        uint8_t field;
-        uint8_t flags;  ///< kNameStartFlag, kLastInRunFlag
-        uint8_t local;  ///< the word's index within its contact
-        uint8_t sequence;
+        uint32_t keyPos;   ///< first key of the word in keyText_; the run ends at a 0
+        uint32_t textPos;  ///< the word as written in wordText_, ended by a 0
+        uint8_t bits;      ///< kNameStartFlag, kLastInRunFlag
+        uint8_t local;     ///< the word's index within its contact
+    };
+    /// A word start in a sorted array, with what a hit from it needs (read in array order).
+    struct Entry {
+        uint32_t ref;  ///< byKeys_: the word's key position; byInitials_: the word's index
+        uint32_t contact;
+        uint8_t rank;
+        uint8_t local;
+        char16_t lead;  ///< the word's first character when no mark follows it, else 0
     };
     static constexpr uint8_t kNameStartFlag = 1;
     static constexpr uint8_t kLastInRunFlag = 2;
@@ -59,37 +66,46 @@ class SearchIndex {
     void IndexNames(const ContactTable& table);
     void IndexNumbers(const ContactTable& table);
     void Extend(size_t i, const KeyQuery& query);
-    char KeyAt(uint32_t entry, size_t offset) const;
-    char InitialAt(uint32_t entry, size_t offset) const;
+    char KeyAt(const Entry& entry, size_t offset) const;
+    char InitialAt(uint32_t word, size_t offset) const;
     void NumbersOfFirstGroup(const KeyQuery& query, std::vector<uint32_t>& out) const;
     bool DigitsContain(uint32_t contact, const char* digits, size_t n) const;
     void Collect(const KeyQuery& query, SearchHits& hits);
-    void Offer(uint32_t contact, uint8_t rank, uint8_t word);
-    NameWord WordOf(const IndexWord& w) const;
+    void MarkNumberHits(const KeyQuery& query);
+    void SetHolder(size_t row, size_t contact);
+    void EmitByRank(SearchHits& hits);
+    SearchHit HitOf(uint32_t position) const;
+    void Offer(uint32_t contact, uint8_t rank, uint8_t word, char16_t lead);
+    void AppendWordFragments(const SearchHit& hit, size_t queryLength, uint32_t first,
+                             std::u16string& out) const;
 
     const ContactTable* table_ = nullptr;
     const LetterKeys* keys_ = nullptr;
 
+    std::vector<uint32_t> oids_;  ///< per contact, so replies need not touch the contacts
     std::vector<IndexWord> words_;
-    std::vector<uint32_t> firstWord_;   ///< per contact, its first entry in words_ (+ one end)
-    std::vector<char> keyText_;         ///< '0'..'9' per letter; each run ends with 0
-    std::vector<uint32_t> byKeys_;      ///< word entries sorted by the key text from the word on
-    std::vector<uint32_t> byInitials_;  ///< entries with a next word, sorted by initials
-    std::vector<uint32_t> ambiguous_;   ///< contacts matched one by one
+    std::vector<uint32_t> firstWord_;  ///< per contact, its first entry in words_ (+ one end)
+    std::vector<char> keyText_;        ///< '0'..'9' per letter; each run ends with 0
+    std::vector<char16_t> wordText_;   ///< every indexed word as written, each ended by a 0
+    std::vector<Entry> byKeys_;        ///< word entries sorted by the key text from the word on
+    std::vector<Entry> byInitials_;    ///< entries with a next word, sorted by initials
+    std::vector<uint32_t> ambiguous_;  ///< contacts matched one by one
 
     std::vector<char> digits_;           ///< each number's digits and a 0
     std::vector<uint32_t> digitsStart_;  ///< per contact (+ one end)
-    std::vector<uint16_t> digitMask_;    ///< per contact: digits that occur
-    std::vector<uint64_t> pairMask_;     ///< per contact, two words: pairs "ab" at bit 10a+b
-    std::vector<uint8_t> groupLists_;    ///< per three-digit group: varint contact deltas
-    std::vector<uint32_t> groupStart_;   ///< 1001 offsets into groupLists_
+    /// For each digit d (0..9) and each pair "ab" (10 + 10a + b), a bitmap of the contacts
+    /// whose numbers hold it: row r is words [r * bitmapWords_, (r + 1) * bitmapWords_).
+    std::vector<uint64_t> holders_;
+    size_t bitmapWords_ = 0;
+    std::vector<uint8_t> groupLists_;   ///< per three-digit group: varint contact deltas
+    std::vector<uint32_t> groupStart_;  ///< 1001 offsets into groupLists_
 
     KeyQuery levelQuery_;
     std::vector<Level> levels_;
 
     // Per-search scratch: best match per contact, valid where stamp equals the search's.
     std::vector<uint32_t> stamp_;
-    std::vector<uint16_t> best_;
+    std::vector<uint32_t> best_;  ///< rank << 24 | word << 16 | lead
     std::vector<uint32_t> touched_;
     std::vector<uint64_t> rankBits_[4];
     uint32_t generation_ = 0;

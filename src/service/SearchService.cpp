@@ -103,13 +103,14 @@ bool SearchService::IoControl(uint32_t code, const uint8_t* in, uint32_t inBytes
                   cachedRequest_.size() == inBytes &&
                   (inBytes == 0 || std::memcmp(cachedRequest_.data(), in, inBytes) == 0);
     if (!repeat) {
-        std::vector<uint8_t> reply;
-        if (!BuildReply(code, in, inBytes, reply))
+        if (!BuildReply(code, in, inBytes, building_)) {
+            cached_ = false;
             return false;
+        }
         cached_ = true;
         cachedCode_ = code;
         cachedRequest_.assign(in, in + inBytes);
-        cachedReply_ = std::move(reply);
+        std::swap(cachedReply_, building_);
     }
     if (cachedReply_.size() > 0xFFFFFFFFu)
         return false;
@@ -158,22 +159,22 @@ bool SearchService::TextSearchReply(const uint8_t* in, uint32_t inBytes,
         lastQuery_ = query;
         stringsReady_ = false;
     }
-    std::u16string texts;
+    texts_.clear();
     for (const SearchHit& hit : lastHits_) {
-        index_.AppendHitText(hit, query.size(), texts);
-        texts.push_back(0);
+        index_.AppendHitText(hit, query.size(), texts_);
+        texts_.push_back(0);
     }
-    texts.push_back(0);
+    texts_.push_back(0);
     size_t count = lastHits_.size();
-    reply.resize(4 + 4 * count + 2 * texts.size());
+    reply.resize(4 + 4 * count + 2 * texts_.size());
     uint32_t n = static_cast<uint32_t>(count);
     std::memcpy(reply.data(), &n, 4);
     uint8_t* ids = reply.data() + 4;
     for (size_t i = 0; i < count; ++i) {
-        uint32_t oid = table_.At(static_cast<int>(lastHits_[i].position)).oid;
+        uint32_t oid = index_.OidAt(lastHits_[i].position);
         std::memcpy(ids + 4 * i, &oid, 4);
     }
-    std::memcpy(ids + 4 * count, texts.data(), 2 * texts.size());
+    std::memcpy(reply.data() + 4 + 4 * count, texts_.data(), 2 * texts_.size());
     return true;
 }
 

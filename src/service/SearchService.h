@@ -77,4 +77,6 @@ class SearchService {
     uint32_t cachedCode_ = 0;
     std::vector<uint8_t> cachedRequest_;
     std::vector<uint8_t> cachedReply_;
+    std::vector<uint8_t> building_;  ///< the reply being built (kept for its capacity)
+    std::u16string texts_;
 };

@@ -47,7 +47,7 @@ class BoardContactsFileTest : public testing::Test {
     // One start of the program: opens the contacts and loads the board.
     struct Start {
         ContactsFileSource contacts{kContactsFile};
-        DialBoard board{&contacts};
+        DialBoard board{&contacts.Source()};
     };
     std::unique_ptr<Start> StartProgram() {
         auto start = std::make_unique<Start>();
@@ -59,7 +59,7 @@ class BoardContactsFileTest : public testing::Test {
     // The object id the store gives Anna now.
     uint32_t AnnasOid(Start& start) {
         Array<uint32_t> oids;
-        EXPECT_TRUE(start.contacts.FindByNumber(u"+46701112233", oids));
+        EXPECT_TRUE(start.contacts.Client().SearchNumber(u"+46701112233", oids));
         EXPECT_EQ(oids.Size(), 1);
         return oids.IsEmpty() ? 0 : oids[0];
     }
@@ -95,6 +95,7 @@ TEST_F(BoardContactsFileTest, DeletedAndRecreatedContactIsReboundAtTheNextStart)
     recreated.replace(recreated.find("anna-1"), 6, "anna-22");
     WriteContacts(std::string(kBo) + recreated);
     auto second = StartProgram();
+    EXPECT_GT(second->contacts.NumberSearches(), 0);  // found through the service
     uint32_t newOid = AnnasOid(*second);
     ASSERT_NE(newOid, oldOid);
     ASSERT_EQ(second->board.Count(), 1);

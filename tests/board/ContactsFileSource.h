@@ -1,19 +1,19 @@
 #pragma once
 // The board's contacts as the desktop program has them: a contacts session over the vCard store
-// of one file, and the search service's core answering the search by number from the contacts
-// that session reads. Every Open is a fresh start of the program against the file as it is now.
+// of one file, and the search service answering the client's requests in process, its contacts
+// taken from that session. The board reads through the program's own SessionContactSource.
+// Every Open is a fresh start of the program against the file as it is now.
 
-#include <cstring>
 #include <memory>
 #include <vector>
 
-#include "board/ContactSource.h"
+#include "board/SessionContactSource.h"
 #include "contacts/ContactsSession.h"
+#include "contacts/SearchServiceClient.h"
 #include "contacts/VCardContactsStore.h"
 #include "service/SearchService.h"
-#include "service/ServiceProtocol.h"
 
-class ContactsFileSource : public ContactSource {
+class ContactsFileSource {
   public:
     explicit ContactsFileSource(const Str& path) : platform_(path), session_(platform_) {}
 
@@ -43,30 +43,12 @@ class ContactsFileSource : public ContactSource {
         return true;
     }
 
-    bool IsAvailable() override { return session_.IsOpen(); }
-    bool Read(uint32_t oid, uint32_t flags, ContactRecord& record) override {
-        return session_.ReadContact(oid, record, flags, 0, 0);
-    }
-    bool FindByNumber(const Str& number, Array<uint32_t>& oids) override {
-        oids.RemoveAll();
-        std::vector<uint8_t> reply(64 * 1024);
-        uint32_t returned = 0;
-        if (!service_.IoControl(search_protocol::kSearchNumber,
-                                reinterpret_cast<const uint8_t*>(number.c_str()),
-                                static_cast<uint32_t>(number.Length() * 2), reply.data(),
-                                static_cast<uint32_t>(reply.size()), &returned) ||
-            returned < 4) {
-            return false;
-        }
-        int32_t count = 0;
-        std::memcpy(&count, reply.data(), 4);
-        for (int32_t k = 0; k < count && 8 + 4 * static_cast<uint32_t>(k) <= returned; ++k) {
-            uint32_t oid = 0;
-            std::memcpy(&oid, reply.data() + 4 + 4 * k, 4);
-            oids.Add(oid);
-        }
-        return !oids.IsEmpty();
-    }
+    /// What the board reads through.
+    ContactSource& Source() { return source_; }
+    /// The client the board's source searches with.
+    SearchServiceClient& Client() { return client_; }
+    /// How many number searches the service answered.
+    int NumberSearches() const { return calls_.numberSearches; }
 
   private:
     class FilePlatform : public ContactsPlatform {
@@ -80,7 +62,34 @@ class ContactsFileSource : public ContactSource {
         Str path_;
     };
 
+    // The service host's calls, with the service always running in this process.
+    class InProcessCalls : public ServiceCalls {
+      public:
+        explicit InProcessCalls(SearchService& service) : service_(service) {}
+        void* GetServiceHandle(const char16_t*) override { return this; }
+        bool CallRegistrationExport(const char16_t*, const char*) override { return true; }
+        void* RegisterService(const char16_t*, uint32_t, const char16_t*, uint32_t) override {
+            return this;
+        }
+        bool IoControl(void* service, uint32_t code, const void* in, uint32_t inBytes, void* out,
+                       uint32_t outBytes, uint32_t* returned) override {
+            if (service != this)
+                return false;
+            if (code == search_service::kSearchNumber)
+                ++numberSearches;
+            return service_.IoControl(code, static_cast<const uint8_t*>(in), inBytes,
+                                      static_cast<uint8_t*>(out), outBytes, returned);
+        }
+        int numberSearches = 0;
+
+      private:
+        SearchService& service_;
+    };
+
     FilePlatform platform_;
     ContactsSession session_;
     SearchService service_;
+    InProcessCalls calls_{service_};
+    SearchServiceClient client_{calls_};
+    SessionContactSource source_{&session_, client_};
 };

@@ -1,9 +1,8 @@
-// Loading and refreshing stored board entries against a large contacts database: the contacts
-// session over an in-memory store of 10,000 contacts, and the search service answering the
-// search by number in process.
+// Loading and refreshing stored board entries against a large contacts database: the program's
+// contact source over the contacts session on an in-memory store of 10,000 contacts, and the
+// search client talking to the search service in process.
 #include <benchmark/benchmark.h>
 
-#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,10 +10,11 @@
 #include "base/Registry.h"
 #include "base/RegistryMemory.h"
 #include "board/DialBoard.h"
+#include "board/SessionContactSource.h"
 #include "contacts/ContactsSession.h"
 #include "contacts/MemoryContactsStore.h"
+#include "contacts/SearchServiceClient.h"
 #include "service/SearchService.h"
-#include "service/ServiceProtocol.h"
 
 namespace {
 
@@ -86,40 +86,23 @@ class BenchPlatform : public ContactsPlatform {
     Scenario scenario_;
 };
 
-// Reads through the contacts session and searches numbers through the service's requests.
-class BenchContacts : public ContactSource {
+// The service host's calls with the service running in this process.
+class InProcessCalls : public ServiceCalls {
   public:
-    BenchContacts(ContactsSession& session, SearchService& service)
-        : session_(session), service_(service) {}
-    bool IsAvailable() override { return session_.IsOpen(); }
-    bool Read(uint32_t oid, uint32_t flags, ContactRecord& record) override {
-        return session_.ReadContact(oid, record, flags, 0, 0);
+    explicit InProcessCalls(SearchService& service) : service_(service) {}
+    void* GetServiceHandle(const char16_t*) override { return this; }
+    bool CallRegistrationExport(const char16_t*, const char*) override { return true; }
+    void* RegisterService(const char16_t*, uint32_t, const char16_t*, uint32_t) override {
+        return this;
     }
-    bool FindByNumber(const Str& number, Array<uint32_t>& oids) override {
-        oids.RemoveAll();
-        uint32_t returned = 0;
-        reply_.resize(4096);
-        if (!service_.IoControl(search_protocol::kSearchNumber,
-                                reinterpret_cast<const uint8_t*>(number.c_str()),
-                                static_cast<uint32_t>(number.Length() * 2), reply_.data(),
-                                static_cast<uint32_t>(reply_.size()), &returned) ||
-            returned < 4) {
-            return false;
-        }
-        int32_t count = 0;
-        std::memcpy(&count, reply_.data(), 4);
-        for (int32_t k = 0; k < count && 4 + 4 * (k + 1) <= static_cast<int32_t>(returned); ++k) {
-            uint32_t oid = 0;
-            std::memcpy(&oid, reply_.data() + 4 + 4 * k, 4);
-            oids.Add(oid);
-        }
-        return !oids.IsEmpty();
+    bool IoControl(void*, uint32_t code, const void* in, uint32_t inBytes, void* out,
+                   uint32_t outBytes, uint32_t* returned) override {
+        return service_.IoControl(code, static_cast<const uint8_t*>(in), inBytes,
+                                  static_cast<uint8_t*>(out), outBytes, returned);
     }
 
   private:
-    ContactsSession& session_;
     SearchService& service_;
-    std::vector<uint8_t> reply_;
 };
 
 void PlantEntries(Scenario scenario) {
@@ -166,7 +149,9 @@ void BM_LoadAndRefresh(benchmark::State& state) {
     }
     service.SetContacts(std::move(serviceContacts));
     service.EnsureIndex();
-    BenchContacts contacts(session, service);
+    InProcessCalls calls(service);
+    SearchServiceClient client(calls);
+    SessionContactSource contacts(&session, client);
     DialBoard board(&contacts);
 
     int saves = 0;

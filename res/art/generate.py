@@ -99,14 +99,15 @@ FOREST = Palette(
 # Design sizes at 96 dots per inch; 192 doubles every one of them.
 BIG_CELL = (74, 80)     # 240 x 320: 3 x 3 a page
 SMALL_CELL = (54, 48)   # 240 x 320: 4 x 5 a page
-FACE_MARGIN = 3         # transparent border around a face inside its cell
+FACE_MARGIN = 3         # transparent border around a face inside its cell, but for the bottom:
+                        # the phone-type label sits just above the cell's bottom, on the face
 BIG_RADIUS = 10
 SMALL_RADIUS = 8
 PHOTO_RING = 3          # frame width around a photo
 SELECTION_OUT = 2       # the selection frame sticks out of the cell by this much
-SELECTION_WIDTH = 3
-BADGE = (30, 22)        # dialer number frame: the bitmap
-BADGE_PILL = (20, 13)   # and the pill centred in it
+SELECTION_WIDTH = 2     # the ring stays outside the cell, clear of the face
+BADGE = (22, 18)        # dialer number frame: the bitmap
+BADGE_PILL = (16, 12)   # and the pill centred in it
 PORTRAIT_KEY = (56, 34)   # one soft key of the bottom panel
 LANDSCAPE_KEY = (50, 44)  # one soft key of the side panel
 LIST_TILE = (480, 64)
@@ -252,7 +253,7 @@ def solid(colour):
 
 def face_box(cell_w, cell_h, k, dx=0):
     m = FACE_MARGIN * k
-    return (dx + m, m, dx + cell_w - m, cell_h - m)
+    return (dx + m, m, dx + cell_w - m, cell_h)
 
 
 def ring(box, radius, width):

@@ -48,7 +48,10 @@ bool ButtonPanel::Create(HWND parent) {
     }
     for (int i = 0; i < 4; ++i) {
         buttons_[i].command = kPanelCommands[i];
-        buttons_[i].caption.LoadString(kPanelCaptions[i]);
+        // Str::LoadString is out of reach here: <windows.h> renames it to LoadStringW.
+        char16_t caption[64];
+        SafeLoadStr(kPanelCaptions[i], caption, 64);
+        buttons_[i].caption = caption;
     }
     Layout();
     return true;

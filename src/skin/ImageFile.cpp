@@ -43,13 +43,13 @@ HBITMAP ToDibSection(IWICBitmapSource* source, UINT width, UINT height) {
     info.bmiHeader.biWidth = static_cast<LONG>(width);
     info.bmiHeader.biHeight = -static_cast<LONG>(height);
     info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biBitCount = 24;
     info.bmiHeader.biCompression = BI_RGB;
     void* bits = nullptr;
     HBITMAP bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     if (bitmap == nullptr)
         return nullptr;
-    const UINT stride = width * 4;
+    const UINT stride = (width * 3 + 3) & ~3u;
     if (FAILED(source->CopyPixels(nullptr, stride, stride * height, static_cast<BYTE*>(bits)))) {
         DeleteObject(bitmap);
         return nullptr;
@@ -80,7 +80,7 @@ HBITMAP DecodeImageFileToBitmap(const wchar_t* path) {
     ComPtr<IWICFormatConverter> converter;
     if (FAILED(factory->CreateFormatConverter(&converter)))
         return nullptr;
-    if (FAILED(converter->Initialize(frame.get(), GUID_WICPixelFormat32bppBGR,
+    if (FAILED(converter->Initialize(frame.get(), GUID_WICPixelFormat24bppBGR,
                                      WICBitmapDitherTypeNone, nullptr, 0.0,
                                      WICBitmapPaletteTypeCustom))) {
         return nullptr;

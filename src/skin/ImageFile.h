@@ -4,6 +4,6 @@
 
 #include <windows.h>
 
-/// The image at `path` as a new 32-bit top-down DIB section the caller deletes; null when the
+/// The image at `path` as a new 24-bit top-down DIB section the caller deletes; null when the
 /// file is missing or does not decode.
 HBITMAP DecodeImageFileToBitmap(const wchar_t* path);

@@ -1,13 +1,17 @@
 #include "view/BoardWindow.h"
 
 #include "app/ResourceIds.h"
+#include "app/ResourcePlace.h"
 #include "app/ScreenInfo.h"
 #include "base/File.h"
 #include "base/Module.h"
 #include "base/SettingsStore.h"
+#include "contacts/ContactsSession.h"
 #include "platform/DeviceScreen.h"
 #include "platform/Gdi.h"
 #include "platform/Shell.h"
+#include "skin/ButtonPanel.h"
+#include "skin/Skin.h"
 
 namespace {
 
@@ -24,22 +28,44 @@ bool PhoneCanMessage() {
     return file::Exists(kMessagingLibrary);
 }
 
+void DeleteBitmapHandle(PictureHandle picture) {
+    DeleteObject(static_cast<HBITMAP>(picture));
+}
+
 }  // namespace
 
-BoardWindow::~BoardWindow() = default;
+BoardWindow::BoardWindow() : session_(ContactsSession::Get()) {
+    // Without the contacts database the board still works, with its stored texts only.
+    if (session_ != nullptr && !session_->IsOpen())
+        session_->Open();
+    board_.SetPhotoRelease(&DeleteBitmapHandle);
+}
+
+BoardWindow::~BoardWindow() {
+    panel_.reset();
+}
 
 bool BoardWindow::Create(bool preload) {
     if (hwnd_ != nullptr)
         return true;
+    templates_.Load();
     ReadOptions();
     Register(kBoardWindowClass, kRedrawOnResize, nullptr,
              static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     preload_ = preload;
     if (!CreateFrame())
         return false;
+    const ResourcePlace& place = TheResourcePlace();
+    skin_ = std::make_unique<Skin>(place.skinFolder, static_cast<HMODULE>(place.library));
+    skin_->LoadSkinFile();
     CreateMenuBar();
+    CreatePanel();
+    LoadBoardBitmaps();
+    SetBigButtons(settings::Read(settings::kBigButtons) != 0);
+    board_.LoadEntries();
     HideInputPanel();
     OverrideTalkKey();
+    Layout();
     return true;
 }
 
@@ -87,6 +113,28 @@ void BoardWindow::CreateMenuBar() {
     SetWindowPos(menuBar_, nullptr, 0, 0, 0, 0, SWP_NOZORDER | SWP_NOREDRAW);
 }
 
+void BoardWindow::CreatePanel() {
+    panel_ = std::make_unique<ButtonPanel>(*skin_);
+    panel_->SetBackground(skin_->Colours().background);
+    panel_->SetFont(skin_->Font(SkinFont::kButton));
+    if (!panel_->Create(hwnd_))
+        panel_.reset();
+}
+
+// The board's own bitmaps, lent to the picker and the message panel.
+void BoardWindow::LoadBoardBitmaps() {
+    if (!numberFrame_)
+        numberFrame_.Reset(skin_->LoadSkinBitmap(skin_bitmap::kNumberFrame, u"btn_number_frame"));
+    if (!listUnselected_) {
+        listUnselected_.Reset(
+            skin_->LoadSkinBitmap(skin_bitmap::kListUnselected, u"list_unselect_bgr"));
+        listSelected_.Reset(skin_->LoadSkinBitmap(skin_bitmap::kListSelected, u"list_select_bgr"));
+        listVoid_.Reset(skin_->LoadSkinBitmap(skin_bitmap::kListVoid, u"list_void_bgr"));
+    }
+    if (!scroll_)
+        scroll_.Reset(skin_->LoadSkinBitmap(skin_bitmap::kScroll, u"scroll"));
+}
+
 void BoardWindow::HideInputPanel() {
     shell::FullScreen(hwnd_, shell::kHideSipButton);
     shell::SipPreference(hwnd_, shell::kSipForceDown);
@@ -115,10 +163,6 @@ void BoardWindow::Close(bool forced) {
     PostQuitMessage(0);
 }
 
-void BoardWindow::Paint(HDC dc, const RECT& rect) {
-    gdi::FillSolid(dc, rect, background_);
-}
-
 LRESULT BoardWindow::WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CREATE:
@@ -133,6 +177,8 @@ LRESULT BoardWindow::WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
             return OnClose(wParam);
         case WM_ERASEBKGND:
             return 1;
+        case WM_SETTINGCHANGE:
+            return OnScreenChange(wParam);
         default:
             return DefWindowProcW(hwnd, message, wParam, lParam);
     }
@@ -152,13 +198,17 @@ LRESULT BoardWindow::OnDestroy() {
 }
 
 LRESULT BoardWindow::OnPaint() {
+    shell::FullScreen(hwnd_, shell::kHideSipButton);
     PAINTSTRUCT ps;
     HDC dc = BeginPaint(hwnd_, &ps);
     RECT client;
     GetClientRect(hwnd_, &client);
-    gdi::OffscreenBuffer buffer(dc, client);
-    Paint(buffer.Dc(), client);
-    buffer.Present();
+    {
+        // One off-screen bitmap of the whole client area per paint: buttons never flicker.
+        gdi::OffscreenBuffer buffer(dc, client);
+        Paint(buffer.Dc(), ps.rcPaint);
+        buffer.Present();
+    }
     EndPaint(hwnd_, &ps);
     return 0;
 }
@@ -172,5 +222,16 @@ LRESULT BoardWindow::OnPrintClient(HDC dc) {
 
 LRESULT BoardWindow::OnClose(WPARAM wParam) {
     Close(wParam == kForcedCloseCode);
+    return 0;
+}
+
+// The screen turned or was reset: the panel changes sides and everything is worked out again.
+LRESULT BoardWindow::OnScreenChange(WPARAM wParam) {
+    if (wParam != kScreenChangedNotice)
+        return 0;
+    if (panel_)
+        panel_->Layout();
+    Layout();
+    InvalidateRect(hwnd_, nullptr, FALSE);
     return 0;
 }

@@ -4,7 +4,18 @@
 
 #include <windows.h>
 
+#include <memory>
+#include <unordered_set>
+
 #include "app/WndBase.h"
+#include "board/DialBoard.h"
+#include "phone/NumberTemplates.h"
+#include "platform/Gdi.h"
+#include "view/BoardGeometry.h"
+
+class ButtonPanel;
+class ContactsSession;
+class Skin;
 
 /// The board window's class; a running copy of the program is found by it.
 constexpr wchar_t kBoardWindowClass[] = L"Orvalis_Dialdeck_Wnd_Class";
@@ -13,47 +24,116 @@ constexpr wchar_t kBoardWindowTitle[] = L"Orvalis Dialdeck";
 constexpr COLORREF kBoardDefaultBackground = 0x50463B;
 /// WM_CLOSE's wParam for a forced close: the process ends even when resident.
 constexpr WPARAM kForcedCloseCode = 100;
+/// Menu resource of the board's two soft keys, in the program's own module.
+constexpr UINT kSoftKeyMenuId = 122;
+/// WM_SETTINGCHANGE's wParam when the screen was rotated or reset.
+constexpr WPARAM kScreenChangedNotice = 0x3002;
 
 class BoardWindow : public WndBase {
   public:
-    BoardWindow() = default;
+    /// Takes the process's contacts session and opens it when it is not open yet.
+    BoardWindow();
     ~BoardWindow() override;
 
     /// Creates the window below the top bar, covering the rest of the screen; in preload mode
-    /// hidden at once. True when the window exists (also when it existed already).
+    /// hidden at once. Then loads the templates, the skin, the panel, the board's bitmaps, the
+    /// button size and the entries, and lays the board out. True when the window exists (also
+    /// when it existed already).
     bool Create(bool preload);
     LRESULT WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) override;
 
     /// Closes the board. Not forced while ModPreload is on: only hides the window (the process
     /// stays resident). Otherwise gives the Talk key back and ends the message loop with code 0.
     void Close(bool forced);
-    /// Paints the board into dc over rect, in client coordinates; the one paint path of
-    /// WM_PAINT (off-screen) and WM_PRINTCLIENT.
-    void Paint(HDC dc, const RECT& rect);
+    /// Paints the board into dc (covering the whole client area, in client coordinates), drawing
+    /// only the cells that meet `clip`; the one paint path of WM_PAINT (off-screen) and
+    /// WM_PRINTCLIENT.
+    void Paint(HDC dc, const RECT& clip);
+
+    /// Places the panel, works out the grid, the pages and the selection, updates the arrows.
+    void Layout();
+    /// Hands the page arrows to the panel when their state changed.
+    void UpdateArrows();
+    /// Switches big or small buttons: new bitmaps, and when the cell size changed, photos dropped.
+    void SetBigButtons(bool big);
+    /// A page more at the end (a free button on the last page was bound).
+    void GrowByPage();
+    /// Deletes the current page's entries and moves the later pages down one page.
+    void DeletePage();
+    /// Moves the entry at `position` one step (MoveDirection) if it can, repainting the board.
+    void MoveButton(int position, MoveDirection direction);
+    /// Deletes the entry at `position` and repaints that cell.
+    void ClearButton(int position);
+    /// Draws `position` pressed or released at once.
+    void SetCellPressed(int position, bool pressed);
 
     bool IsPreload() const { return preload_; }
     bool ShowsDialerButton() const { return showDialerButton_; }
     bool ShowsPhoneType() const { return showPhoneType_; }
+    void SetShowsDialerButton(bool on) { showDialerButton_ = on; }
+    void SetShowsPhoneType(bool on) { showPhoneType_ = on; }
+    const BoardGeometry& Geometry() const { return geometry_; }
+    BoardGeometry& Geometry() { return geometry_; }
+    DialBoard& Board() { return board_; }
+    NumberTemplates& Templates() { return templates_; }
+    Skin* GetSkin() const { return skin_.get(); }
+    ButtonPanel* Panel() const { return panel_.get(); }
+    Arrows ShownArrows() const { return arrows_; }
+    /// The board's own list and number bitmaps (owned), lent to the picker and the panels.
+    HBITMAP NumberFrame() const { return numberFrame_.get(); }
+    HBITMAP ListUnselected() const { return listUnselected_.get(); }
+    HBITMAP ListSelected() const { return listSelected_.get(); }
+    HBITMAP ListVoid() const { return listVoid_.get(); }
+    HBITMAP ScrollThumb() const { return scroll_.get(); }
 
   private:
     void ReadOptions();
     bool CreateFrame();
     void RemoveDesktopFrame();
     void CreateMenuBar();
+    void CreatePanel();
+    void LoadBoardBitmaps();
     void HideInputPanel();
     void OverrideTalkKey();
     void RestoreTalkKey();
+    void RepaintCell(int position);
+
+    // Painting (BoardPaint.cpp).
+    void PaintCell(HDC dc, int position, Array<int>& numbered);
+    bool PaintPhoto(HDC dc, int index, const RECT& cell, bool pressed);
+    void PaintName(HDC dc, const DialEntry& entry, const RECT& cell, bool pressed, int labelH);
+    void PaintLabel(HDC dc, const Str& label, const RECT& cell);
+    void PaintSelection(HDC dc);
+    void PaintNumber(HDC dc, const DialEntry& entry, const RECT& cell);
+    HBITMAP PhotoOf(int index);
 
     LRESULT OnCreate();
     LRESULT OnDestroy();
     LRESULT OnPaint();
     LRESULT OnPrintClient(HDC dc);
     LRESULT OnClose(WPARAM wParam);
+    LRESULT OnScreenChange(WPARAM wParam);
 
     bool preload_ = false;
     bool showDialerButton_ = false;
     bool showPhoneType_ = false;
     HWND menuBar_ = nullptr;
     LRESULT talkKeyDefault_ = 0;
-    COLORREF background_ = kBoardDefaultBackground;
+    ContactsSession* session_ = nullptr;
+    DialBoard board_;
+    NumberTemplates templates_;
+    std::unique_ptr<Skin> skin_;
+    std::unique_ptr<ButtonPanel> panel_;
+    gdi::Object<HBITMAP> numberFrame_;
+    gdi::Object<HBITMAP> listUnselected_;
+    gdi::Object<HBITMAP> listSelected_;
+    gdi::Object<HBITMAP> listVoid_;
+    gdi::Object<HBITMAP> scroll_;
+    BoardGeometry geometry_;
+    Arrows arrows_{true, true};  /// the panel starts with both arrows enabled
+    int32_t buttonW_ = -1;       ///< the button size the cached photos were made for
+    int32_t buttonH_ = -1;
+    bool cellPressed_[kMaxButtonsPerPage] = {};
+    /// Contacts whose picture could not be read: drawn plain without asking again.
+    std::unordered_set<uint32_t> pictureless_;
 };

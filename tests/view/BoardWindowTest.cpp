@@ -1,0 +1,319 @@
+// The running board on every device profile: screenshots of what a person sees, and probes of
+// what the design fixes (the grid, the panel, the background, transparency, the selection).
+#include "view/BoardWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "BoardTestSetup.h"
+#include "app/ScreenInfo.h"
+#include "base/Alert.h"
+#include "base/Registry.h"
+#include "base/SettingsStore.h"
+#include "skin/ButtonPanel.h"
+#include "skin/Skin.h"
+
+namespace {
+
+constexpr COLORREF kBackground = RGB(59, 70, 80);
+constexpr COLORREF kSelection = RGB(250, 196, 84);
+constexpr COLORREF kMagenta = RGB(255, 0, 255);
+
+int QuietAlert(const char16_t*, const char16_t*, uint32_t) {
+    return kAlertAnswerOk;
+}
+
+struct ScreenCase {
+    device::Profile profile;
+    const char* name;
+};
+
+const ScreenCase kScreens[] = {
+    {{240, 320, 96}, "240x320"},  {{320, 240, 96}, "320x240"},  {{320, 320, 96}, "320x320"},
+    {{480, 640, 192}, "480x640"}, {{480, 800, 192}, "480x800"},
+};
+
+/// The grid the design gives a screen, worked out from the art's design sizes.
+BoardGeometry ExpectedGrid(const device::Profile& p, bool big, Box& panel) {
+    const int k = p.dpi / 96;
+    const int bar = BarHeightAt(p.dpi);
+    const bool landscape = IsLandscape(p.width, p.height);
+    const int thickness = (landscape ? 50 : 34) * k;
+    PanelPlacement placed =
+        PlacePanel(Box{0, 0, p.width, p.height - bar}, landscape, thickness, thickness);
+    panel = placed.panel;
+    BoardGeometry g;
+    g.Layout(placed.usableWidth, placed.usableHeight, (big ? 74 : 54) * k, (big ? 80 : 48) * k, 9);
+    return g;
+}
+
+/// The demo board on one screen, with its photo contact's picture in place.
+class BoardWindowTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        previousAlert_ = SetAlertHandler(&QuietAlert);
+        StoreEntries(DemoEntries());
+    }
+    void TearDown() override {
+        board_.reset();
+        if (library_ != nullptr)
+            FreeLibrary(library_);
+        SetResourceModule(nullptr);
+        SetAlertHandler(previousAlert_);
+    }
+
+    BoardWindow& Open(const device::Profile& profile, bool big, bool showType, bool showNumber,
+                      const std::wstring& skinFolder = L"C:\\no-such-folder\\DialdeckSkin") {
+        StoreOptions(big, showType, showNumber);
+        library_ = UseScreen(profile);
+        UseSkinFolder(skinFolder);
+        board_ = std::make_unique<BoardWindow>();
+        board_->Board().SetContacts(&contacts_);
+        EXPECT_TRUE(board_->Create(false));
+        GivePhoto();
+        return *board_;
+    }
+
+    // The desktop's contacts store decodes pictures in its own layer; the test hands the photo
+    // contact its picture the way a decoded one is cached.
+    void GivePhoto() {
+        const int index = board_->Board().FindBySlot(7);
+        ASSERT_GE(index, 0);
+        const BoardGeometry& g = board_->Geometry();
+        board_->Board().SetPhoto(index, MakeTestPhoto(g.CellW() + g.CellW() / 4, g.CellH()));
+    }
+
+    shot::Image Shoot(const std::string& name) {
+        shot::Image image = RenderBoard(*board_);
+        const std::wstring path = SaveShot(image, std::wstring(name.begin(), name.end()));
+        EXPECT_FALSE(path.empty()) << name;
+        return image;
+    }
+
+    /// Probes every screen shot: background between cells, faces in the cells, transparent
+    /// corners showing the background, the panel, and no magenta left anywhere.
+    void ProbeBoard(const shot::Image& image, const device::Profile& p, bool big,
+                    COLORREF background) {
+        Box panel;
+        const BoardGeometry expected = ExpectedGrid(p, big, panel);
+        const BoardGeometry& g = board_->Geometry();
+        ASSERT_EQ(g.Cols(), expected.Cols());
+        ASSERT_EQ(g.Rows(), expected.Rows());
+        RECT client{};
+        GetClientRect(board_->Hwnd(), &client);
+        EXPECT_EQ(client.right, p.width);
+        EXPECT_EQ(client.bottom, p.height - BarHeightAt(p.dpi));
+        for (int i = 0; i < expected.CellCount(); ++i) {
+            const Box& cell = g.Cell(i);
+            EXPECT_EQ(cell, expected.Cell(i)) << i;
+            // The face's rounded corner is transparent: the background shows through.
+            EXPECT_EQ(image.At(cell.left, cell.top), background) << "corner of cell " << i;
+            // The middle of the cell is covered by a face or a photo.
+            EXPECT_NE(image.At((cell.left + cell.right) / 2, cell.top + cell.Height() / 4),
+                      background)
+                << "middle of cell " << i;
+        }
+        // Outside every cell: the background (the left margin of the second row, and the gap
+        // between its first two cells; the selection frame rings the first row's first cell).
+        const int row = g.Rows() > 1 ? g.Cols() : 0;
+        const Box& first = g.Cell(row);
+        if (first.left > 0) {
+            EXPECT_EQ(image.At(first.left - 1, first.bottom - 1), background);
+        }
+        if (g.Cols() > 1 && g.Cell(row + 1).left > first.right) {
+            EXPECT_EQ(
+                image.At((first.right + g.Cell(row + 1).left) / 2, (first.top + first.bottom) / 2),
+                background);
+        }
+        // The panel window sits where the design puts it.
+        RECT at{};
+        GetWindowRect(board_->Panel()->Hwnd(), &at);
+        MapWindowPoints(nullptr, board_->Hwnd(), reinterpret_cast<POINT*>(&at), 2);
+        EXPECT_EQ((Box{at.left, at.top, at.right, at.bottom}), panel);
+        for (const uint32_t pixel : image.pixels) {
+            const COLORREF c = RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
+            ASSERT_NE(c, kMagenta);
+        }
+    }
+
+    std::unique_ptr<BoardWindow> board_;
+    HMODULE library_ = nullptr;
+    DemoContacts contacts_;
+    AlertHandler previousAlert_ = nullptr;
+};
+
+TEST_F(BoardWindowTest, EveryProfileWithBigAndSmallButtons) {
+    for (const ScreenCase& s : kScreens) {
+        for (bool big : {true, false}) {
+            SCOPED_TRACE(std::string(s.name) + (big ? " big" : " small"));
+            Open(s.profile, big, false, false);
+            const shot::Image image =
+                Shoot(std::string("board-") + s.name + (big ? "-big" : "-small"));
+            ProbeBoard(image, s.profile, big, kBackground);
+            board_.reset();
+            FreeLibrary(library_);
+            library_ = nullptr;
+        }
+    }
+}
+
+TEST_F(BoardWindowTest, PhoneTypeAndDialerNumbersShown) {
+    for (const ScreenCase& s : {kScreens[0], kScreens[3]}) {
+        SCOPED_TRACE(s.name);
+        Open(s.profile, true, true, true);
+        const shot::Image image = Shoot(std::string("board-") + s.name + "-type-number");
+        ProbeBoard(image, s.profile, true, kBackground);
+        // Anna (slot 0) carries dialer number 1: its frame sits in the cell's bottom-right
+        // corner and is not the face's colour.
+        const Box& cell = board_->Geometry().Cell(0);
+        const SIZE frame = Skin::BitmapSize(board_->NumberFrame());
+        ASSERT_GT(frame.cx, 0);
+        const COLORREF inFrame = image.At(cell.right - frame.cx / 2, cell.bottom - frame.cy / 2);
+        const COLORREF face = image.At(cell.left + cell.Width() / 4, cell.top + cell.Height() / 2);
+        EXPECT_NE(inFrame, face);
+        // Without a number (slot 3) the corner stays the face's.
+        const Box& plain = board_->Geometry().Cell(3);
+        EXPECT_NE(image.At(plain.right - frame.cx / 2, plain.bottom - frame.cy / 2), inFrame);
+        board_.reset();
+        FreeLibrary(library_);
+        library_ = nullptr;
+    }
+}
+
+TEST_F(BoardWindowTest, SelectionFrameRingsTheSelectedCell) {
+    BoardWindow& board = Open({480, 640, 192}, true, false, false);
+    const shot::Image image = Shoot("board-480x640-selection");
+    const Box& cell = board.Geometry().Cell(board.Geometry().Selected());
+    // The frame sticks out of the cell by two design pixels (four at 192 dpi).
+    EXPECT_EQ(image.At((cell.left + cell.right) / 2, cell.top - 2), kSelection);
+    EXPECT_EQ(image.At(cell.left - 2, (cell.top + cell.bottom) / 2), kSelection);
+    const Box& other = board.Geometry().Cell(1);
+    EXPECT_EQ(image.At((other.left + other.right) / 2, other.top - 2), kBackground);
+}
+
+TEST_F(BoardWindowTest, PhotoButtonShowsThePhotoInsideItsFrame) {
+    BoardWindow& board = Open({480, 640, 192}, true, false, false);
+    const shot::Image image = Shoot("board-480x640-photo");
+    const Box& cell = board.Geometry().Cell(7);
+    // The test photo's round face (a warm colour) shows in the middle of the frame.
+    EXPECT_EQ(image.At((cell.left + cell.right) / 2, cell.top + cell.Height() * 2 / 5),
+              RGB(232, 190, 160));
+    // The frame's outer corner hides the photo with the background.
+    EXPECT_EQ(image.At(cell.left, cell.top), kBackground);
+}
+
+TEST_F(BoardWindowTest, DeletedContactKeepsItsStoredNameOnAPlainFace) {
+    BoardWindow& board = Open({480, 640, 192}, true, false, false);
+    const int index = board.Board().FindBySlot(6);
+    ASSERT_GE(index, 0);
+    EXPECT_EQ(board.Board().EntryAt(index).oid, 0u);
+    EXPECT_EQ(DisplayName(board.Board().EntryAt(index)), Str(u"Old Office"));
+    const shot::Image image = Shoot("board-480x640-deleted-contact");
+    const Box& cell = board.Geometry().Cell(6);
+    const shot::Image& i = image;
+    // A plain face (the dark text face), with white name text somewhere in its middle rows.
+    bool white = false;
+    for (int x = cell.left; x < cell.right && !white; ++x) {
+        for (int y = cell.top + cell.Height() / 3; y < cell.bottom - cell.Height() / 3; ++y) {
+            if (i.At(x, y) == RGB(255, 255, 255))
+                white = true;
+        }
+    }
+    EXPECT_TRUE(white);
+}
+
+TEST_F(BoardWindowTest, SampleSkinChangesColoursAndBitmaps) {
+    std::error_code ignored;
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() /
+        (L"dd-view-skin-" + std::to_wstring(GetCurrentProcessId()));
+    std::filesystem::remove_all(folder, ignored);
+    std::filesystem::create_directories(folder);
+    const std::filesystem::path sample = std::filesystem::path(DD_RES_DIR) / "sample-skin";
+    std::filesystem::copy(sample, folder, std::filesystem::copy_options::recursive);
+    ASSERT_TRUE(std::filesystem::exists(folder / "DialdeckSkinskin.ini"));
+
+    BoardWindow& board =
+        Open({480, 640, 192}, true, true, true, (folder / "DialdeckSkin").wstring());
+    EXPECT_EQ(board.GetSkin()->Colours().background, RGB(24, 52, 44));
+    const shot::Image image = Shoot("board-480x640-sample-skin");
+    ProbeBoard(image, {480, 640, 192}, true, RGB(24, 52, 44));
+    board_.reset();
+    std::filesystem::remove_all(folder, ignored);
+}
+
+TEST_F(BoardWindowTest, RotationMovesThePanelToTheRightAndRelaysTheBoard) {
+    BoardWindow& board = Open({240, 320, 96}, true, false, false);
+    EXPECT_FALSE(board.Panel()->IsLandscape());
+    device::SetCurrentProfile({320, 240, 96});
+    SetWindowPos(board.Hwnd(), nullptr, 0, BarHeightAt(96), 320, 240 - BarHeightAt(96),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    SendMessageW(board.Hwnd(), WM_SETTINGCHANGE, kScreenChangedNotice, 0);
+    EXPECT_TRUE(board.Panel()->IsLandscape());
+    const shot::Image image = Shoot("board-240x320-rotated");
+    ProbeBoard(image, {320, 240, 96}, true, kBackground);
+}
+
+TEST_F(BoardWindowTest, OtherSettingChangesLeaveTheLayout) {
+    BoardWindow& board = Open({240, 320, 96}, true, false, false);
+    device::SetCurrentProfile({320, 240, 96});
+    SendMessageW(board.Hwnd(), WM_SETTINGCHANGE, 0x1234, 0);
+    EXPECT_FALSE(board.Panel()->IsLandscape());
+}
+
+TEST_F(BoardWindowTest, PageArrowsFollowThePages) {
+    // 480 x 640 with big buttons: 9 a page; slot 9 is on the second page.
+    BoardWindow& board = Open({480, 640, 192}, true, false, false);
+    EXPECT_EQ(board.Geometry().Pages(), 2);
+    EXPECT_EQ(board.ShownArrows(), (Arrows{false, true}));
+    EXPECT_FALSE(board.Panel()->Button(0).enabled);
+    EXPECT_TRUE(board.Panel()->Button(1).enabled);
+}
+
+TEST_F(BoardWindowTest, ClearButtonDeletesTheEntryOfThatPosition) {
+    BoardWindow& board = Open({480, 640, 192}, true, false, false);
+    ASSERT_GE(board.Board().FindBySlot(2), 0);
+    board.ClearButton(2);
+    EXPECT_EQ(board.Board().FindBySlot(2), -1);
+    EXPECT_EQ(board.Board().Count(), static_cast<int>(DemoEntries().size()) - 1);
+}
+
+TEST_F(BoardWindowTest, DeletePageMovesTheNextPageDown) {
+    BoardWindow& board = Open({480, 640, 192}, true, false, false);
+    board.DeletePage();
+    // Page 0's nine slots are gone and Pizza Roma (slot 9) moved to slot 0.
+    EXPECT_EQ(board.Board().Count(), 1);
+    EXPECT_EQ(board.Board().EntryAt(0).slot, 0);
+    EXPECT_EQ(board.Geometry().Pages(), 1);
+    EXPECT_EQ(board.ShownArrows(), (Arrows{false, false}));
+}
+
+TEST_F(BoardWindowTest, MoveButtonRightFromTheLastColumnGoesToTheNextPage) {
+    BoardWindow& board = Open({480, 640, 192}, true, false, false);
+    board.Geometry().SetSelected(2);
+    board.MoveButton(2, MoveDirection::kRight);  // Mum, slot 2 -> page 1, position 0
+    EXPECT_EQ(board.Geometry().Page(), 1);
+    EXPECT_EQ(board.Geometry().Selected(), 0);
+    // The target was taken by Pizza Roma: the two swap.
+    EXPECT_EQ(DisplayName(board.Board().EntryAt(board.Board().FindBySlot(9))), Str(u"Mum"));
+    EXPECT_EQ(DisplayName(board.Board().EntryAt(board.Board().FindBySlot(2))), Str(u"Pizza Roma"));
+}
+
+TEST_F(BoardWindowTest, GrowByPageAddsAnEmptyPage) {
+    BoardWindow& board = Open({480, 640, 192}, true, false, false);
+    board.GrowByPage();
+    EXPECT_EQ(board.Geometry().Pages(), 3);
+}
+
+TEST_F(BoardWindowTest, ButtonSizeChangeDropsThePhotos) {
+    BoardWindow& board = Open({480, 640, 192}, true, false, false);
+    const int index = board.Board().FindBySlot(7);
+    ASSERT_NE(board.Board().EntryAt(index).photo, nullptr);
+    board.SetBigButtons(false);
+    EXPECT_EQ(board.Board().EntryAt(index).photo, nullptr);
+    EXPECT_EQ(board.GetSkin()->CellWidth(), 108);
+}
+
+}  // namespace

@@ -7,6 +7,7 @@
 #include "base/Module.h"
 #include "base/SettingsStore.h"
 #include "contacts/ContactsSession.h"
+#include "contacts/SearchServiceClient.h"
 #include "platform/DeviceScreen.h"
 #include "platform/Gdi.h"
 #include "platform/Shell.h"
@@ -34,10 +35,12 @@ void DeleteBitmapHandle(PictureHandle picture) {
 
 }  // namespace
 
-BoardWindow::BoardWindow() : session_(ContactsSession::Get()) {
+BoardWindow::BoardWindow()
+    : session_(ContactsSession::Get()), contacts_(session_, SearchServiceClient::Get()) {
     // Without the contacts database the board still works, with its stored texts only.
     if (session_ != nullptr && !session_->IsOpen())
         session_->Open();
+    board_.SetContacts(&contacts_);
     board_.SetPhotoRelease(&DeleteBitmapHandle);
 }
 

@@ -9,6 +9,7 @@
 
 #include "app/WndBase.h"
 #include "board/DialBoard.h"
+#include "board/SessionContactSource.h"
 #include "phone/NumberTemplates.h"
 #include "platform/Gdi.h"
 #include "view/BoardGeometry.h"
@@ -120,6 +121,7 @@ class BoardWindow : public WndBase {
     HWND menuBar_ = nullptr;
     LRESULT talkKeyDefault_ = 0;
     ContactsSession* session_ = nullptr;
+    SessionContactSource contacts_;
     DialBoard board_;
     NumberTemplates templates_;
     std::unique_ptr<Skin> skin_;

@@ -8,6 +8,9 @@ namespace {
 // Zeroed bytes past every kept buffer's size: the details values are read as 8 bytes even when
 // only 4 arrived, and an unterminated text ends in them.
 constexpr uint32_t kSlack = 8;
+// No real reply comes near this (a hundred thousand results take a few megabytes); a larger
+// size reported by a misbehaving service is not believed rather than allocated.
+constexpr uint32_t kMaxReplyBytes = 64u << 20;
 
 /// Reads the character at byte offset `at` of a reply of `size` bytes; 0 past the end.
 char16_t CharAt(const uint8_t* reply, uint32_t size, uint64_t at) {
@@ -194,7 +197,7 @@ bool SearchServiceClient::Exchange(uint32_t code, const void* in, uint32_t inByt
                                    uint32_t* size) {
     *size = 0;
     if (!Send(code, in, inBytes, kept.data, kept.size, size)) {
-        if (*size == 0)
+        if (*size == 0 || *size > kMaxReplyBytes)
             return false;
         // Exactly the size the service asked for, kept for the next request of this kind.
         std::free(kept.data);
@@ -257,7 +260,7 @@ bool SearchServiceClient::GetResultStrings(Array<Str>& strings) {
     uint32_t size = 0;
     if (Send(search_service::kResultStrings, nullptr, 0, nullptr, 0, &size))
         return true;
-    if (size == 0)
+    if (size == 0 || size > kMaxReplyBytes)
         return false;
     auto* reply = static_cast<uint8_t*>(std::calloc(static_cast<size_t>(size) + kSlack, 1));
     if (reply == nullptr)

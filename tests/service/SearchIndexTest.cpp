@@ -87,12 +87,12 @@ void CheckBook(const KeypadLayout& layout, uint32_t count, uint32_t seed) {
 }
 
 TEST(SearchIndexTest, SameAsLinearMatcherWithPlainLayout) {
-    CheckBook(LayoutRow(1), 3000, 7);
+    CheckBook(LayoutRow(1), 1500, 7);
 }
 
 TEST(SearchIndexTest, SameAsLinearMatcherWithCyrillicLayouts) {
-    CheckBook(LayoutRow(2), 2000, 11);
-    CheckBook(LayoutRow(3), 2000, 12);
+    CheckBook(LayoutRow(2), 1000, 11);
+    CheckBook(LayoutRow(3), 1000, 12);
 }
 
 TEST(SearchIndexTest, SameAsLinearMatcherWithLettersOnTwoKeys) {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/Alert.h"
+#include "base/ModuleMemory.h"
 #include "base/Registry.h"
 #include "base/RegistryMemory.h"
 #include "board/DialBoard.h"
@@ -78,12 +79,26 @@ bool SameStored(const DialEntry& a, const DialEntry& b) {
            a.first == b.first && a.last == b.last && a.middle == b.middle && a.company == b.company;
 }
 
-int Quiet(const char16_t*, const char16_t*, uint32_t) { return kAlertAnswerOk; }
+int Quiet(const char16_t*, const char16_t*, uint32_t) {
+    return kAlertAnswerOk;
+}
+
+// A resource library with the one text the board needs, so unnamed buttons log nothing.
+void ProvideTexts() {
+    static bool provided = false;
+    if (provided)
+        return;
+    ModuleHandle texts = module_memory::MakeModule();
+    module_memory::SetString(texts, 107, u"Unnamed");
+    SetResourceModule(texts);
+    provided = true;
+}
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     SetAlertHandler(Quiet);
+    ProvideTexts();
     registry::memory::Reset();
     Plant(data, size);
 

@@ -10,7 +10,7 @@ namespace {
 constexpr uint32_t kSlack = 8;
 // No real reply comes near this (a hundred thousand results take a few megabytes); a larger
 // size reported by a misbehaving service is not believed rather than allocated.
-constexpr uint32_t kMaxReplyBytes = 64u << 20;
+constexpr uint32_t kMaxReplyBytes = 16u << 20;
 
 /// Reads the character at byte offset `at` of a reply of `size` bytes; 0 past the end.
 char16_t CharAt(const uint8_t* reply, uint32_t size, uint64_t at) {
@@ -60,9 +60,35 @@ uint64_t TakeIds(const uint8_t* reply, uint32_t size, Array<uint32_t>& oids) {
     uint32_t n = count < 0 ? 0 : static_cast<uint32_t>(count);
     if (n > fit)
         n = fit;
+    int first = oids.Size();
+    oids.SetSize(first + static_cast<int>(n));
     for (uint32_t i = 0; i < n; ++i)
-        oids.Add(U32At(reply + 4 + 4 * i));
+        oids[first + static_cast<int>(i)] = U32At(reply + 4 + 4 * i);
     return 4 + 4ull * n;
+}
+
+/// Appends the zero-terminated texts from `at` to the end of the reply, or up to the first
+/// empty one when `untilEmpty`. Counted first, so a long run costs one allocation.
+void TakeTexts(const uint8_t* reply, uint32_t size, uint64_t at, bool untilEmpty, Array<Str>& out) {
+    int count = 0;
+    for (uint64_t p = at; p + 2 <= size; ++count) {
+        uint32_t n = TextLength(reply, size, p);
+        if (n == 0 && untilEmpty)
+            break;
+        p += 2ull * (n + 1);
+    }
+    int first = out.Size();
+    out.SetSize(first + count);
+    for (int k = 0; k < count; ++k) {
+        uint32_t n = TextLength(reply, size, at);
+        if (n > 0) {
+            char16_t* text = out[first + k].GetBuffer(static_cast<int>(n));
+            for (uint32_t i = 0; i < n; ++i)
+                text[i] = CharAt(reply, size, at + 2ull * i);
+            out[first + k].ReleaseBuffer(static_cast<int>(n));
+        }
+        at += 2ull * (n + 1);
+    }
 }
 
 ServiceCalls* g_processCalls = nullptr;
@@ -223,15 +249,7 @@ bool SearchServiceClient::SearchText(const Str& text, Array<uint32_t>& oids, Arr
     }
     uint64_t at = TakeIds(textBuffer_.data, size, oids);
     texts.RemoveAll();
-    for (;;) {
-        uint32_t n = TextLength(textBuffer_.data, size, at);
-        if (n == 0)
-            break;
-        char16_t* copy = CopyText(textBuffer_.data, size, at, n, 1);
-        texts.Add(Str(copy));
-        delete[] copy;
-        at += 2ull * (n + 1);
-    }
+    TakeTexts(textBuffer_.data, size, at, true, texts);
     return true;
 }
 
@@ -268,13 +286,8 @@ bool SearchServiceClient::GetResultStrings(Array<Str>& strings) {
     uint32_t needed = size;
     bool ok =
         Send(search_service::kResultStrings, nullptr, 0, reply, needed, &size) && size <= needed;
-    for (uint64_t at = 0; ok && at + 2 <= size;) {
-        uint32_t n = TextLength(reply, size, at);
-        char16_t* copy = CopyText(reply, size, at, n, 1);
-        strings.Add(Str(copy));
-        delete[] copy;
-        at += 2ull * (n + 1);
-    }
+    if (ok)
+        TakeTexts(reply, size, 0, false, strings);
     std::free(reply);
     return ok;
 }

@@ -3,7 +3,7 @@
 // by its device name ("OPS0:"), registering it first when it is not running, and exchanges
 // request and reply buffers with it through the platform's service control call. The service
 // handle is looked up for every request; only the reply buffers are kept between requests, one
-// per request kind, and they only grow. A reply said to be larger than 64 MiB is refused.
+// per request kind, and they only grow. A reply said to be larger than 16 MiB is refused.
 //
 // What the client takes from the platform is a ServiceCalls: the service host's calls and the
 // service library's registration export. The Windows program installs its own

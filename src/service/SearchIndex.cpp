@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <string>
 
 namespace {
 
@@ -37,6 +39,7 @@ void SearchIndex::Build(const ContactTable& table, const LetterKeys& keys) {
         oids_[static_cast<size_t>(p)] = table.At(p).oid;
     IndexNames(table);
     IndexNumbers(table);
+    ShrinkToFit();
     levelQuery_.clear();
     levels_.clear();
     size_t n = static_cast<size_t>(table.Size());
@@ -71,9 +74,8 @@ void SearchIndex::IndexNames(const ContactTable& table) {
             const std::u16string& text = contact.fields[w.field];
             uint8_t bits = static_cast<uint8_t>((w.nameStart ? kNameStartFlag : 0) |
                                                 (lastInRun ? kLastInRunFlag : 0));
-            words_.push_back({static_cast<uint32_t>(p), static_cast<uint32_t>(keyText_.size()),
-                              static_cast<uint32_t>(wordText_.size()), bits,
-                              static_cast<uint8_t>(i)});
+            words_.push_back({static_cast<uint32_t>(keyText_.size()),
+                              static_cast<uint32_t>(wordText_.size()), bits});
             wordText_.insert(wordText_.end(), text.begin() + w.start, text.begin() + w.end);
             wordText_.push_back(0);
             for (size_t c = w.start; c < w.end; ++c) {
@@ -89,14 +91,18 @@ void SearchIndex::IndexNames(const ContactTable& table) {
 
     byKeys_.clear();
     byInitials_.clear();
-    for (size_t i = 0; i < words_.size(); ++i) {
-        const IndexWord& w = words_[i];
-        const char16_t* text = wordText_.data() + w.textPos;
-        char16_t lead = IsCombiningMark(text[1]) ? 0 : text[0];
-        auto rank = static_cast<uint8_t>((w.bits & kNameStartFlag) ? kRankNameStart : kRankWord);
-        byKeys_.push_back({w.keyPos, w.contact, rank, w.local, lead});
-        if (!(w.bits & kLastInRunFlag)) {
-            byInitials_.push_back({static_cast<uint32_t>(i), w.contact, kRankInitials, w.local, 0});
+    byKeys_.reserve(words_.size());
+    for (uint32_t p = 0; p < n; ++p) {
+        for (uint32_t i = firstWord_[p]; i < firstWord_[p + 1]; ++i) {
+            const IndexWord& w = words_[i];
+            const char16_t* text = wordText_.data() + w.textPos;
+            char16_t lead = IsCombiningMark(text[1]) ? 0 : text[0];
+            auto rank =
+                static_cast<uint8_t>((w.bits & kNameStartFlag) ? kRankNameStart : kRankWord);
+            auto local = static_cast<uint8_t>(i - firstWord_[p]);
+            byKeys_.push_back({w.keyPos, p, rank, local, lead});
+            if (!(w.bits & kLastInRunFlag))
+                byInitials_.push_back({i, p, kRankInitials, local, 0});
         }
     }
     const char* text = keyText_.data();
@@ -169,6 +175,18 @@ void SearchIndex::IndexNumbers(const ContactTable& table) {
     groupStart_[kGroupCount] = static_cast<uint32_t>(groupLists_.size());
 }
 
+void SearchIndex::ShrinkToFit() {
+    // Built by appending: give back what the growth reserved.
+    words_.shrink_to_fit();
+    keyText_.shrink_to_fit();
+    wordText_.shrink_to_fit();
+    byKeys_.shrink_to_fit();
+    byInitials_.shrink_to_fit();
+    ambiguous_.shrink_to_fit();
+    digits_.shrink_to_fit();
+    groupLists_.shrink_to_fit();
+}
+
 char SearchIndex::KeyAt(const Entry& entry, size_t offset) const {
     return keyText_[entry.ref + offset];
 }
@@ -181,8 +199,8 @@ char SearchIndex::InitialAt(uint32_t entry, size_t offset) const {
     return keyText_[words_[entry + offset].keyPos];
 }
 
-void SearchIndex::NumbersOfFirstGroup(const KeyQuery& query, std::vector<uint32_t>& out) const {
-    int g = query[0] * 100 + query[1] * 10 + query[2];
+void SearchIndex::NumbersOfGroup(const uint8_t* digits, std::vector<uint32_t>& out) const {
+    int g = digits[0] * 100 + digits[1] * 10 + digits[2];
     uint32_t p = 0;
     size_t i = groupStart_[g];
     while (i < groupStart_[g + 1]) {
@@ -225,14 +243,20 @@ void SearchIndex::Extend(size_t i, const KeyQuery& query) {
     level.initialsHi =
         FirstNotBelow(level.initialsLo, initialsHi, static_cast<char>(want + 1), initialAt);
     if (i == 2) {
-        NumbersOfFirstGroup(query, level.numberHits);
+        NumbersOfGroup(query.data(), level.numberHits);
     } else if (i > 2) {
-        char typed[64];
-        size_t n = std::min<size_t>(i + 1, sizeof typed);
-        for (size_t k = 0; k < n; ++k)
-            typed[k] = static_cast<char>('0' + query[k]);
-        for (uint32_t p : levels_[i - 1].numberHits) {
-            if (DigitsContain(p, typed, n))
+        // Contacts holding the first i digits and the last three typed, then checked whole.
+        std::vector<uint32_t> group;
+        NumbersOfGroup(query.data() + i - 2, group);
+        std::vector<uint32_t> both;
+        const std::vector<uint32_t>& before = levels_[i - 1].numberHits;
+        std::set_intersection(before.begin(), before.end(), group.begin(), group.end(),
+                              std::back_inserter(both));
+        std::string typed;
+        for (size_t k = 0; k <= i; ++k)
+            typed.push_back(static_cast<char>('0' + query[k]));
+        for (uint32_t p : both) {
+            if (DigitsContain(p, typed.data(), typed.size()))
                 level.numberHits.push_back(p);
         }
     }

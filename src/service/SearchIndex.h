@@ -40,11 +40,9 @@ class SearchIndex {
 
   private:
     struct IndexWord {
-        uint32_t contact;
         uint32_t keyPos;   ///< first key of the word in keyText_; the run ends at a 0
         uint32_t textPos;  ///< the word as written in wordText_, ended by a 0
         uint8_t bits;      ///< kNameStartFlag, kLastInRunFlag
-        uint8_t local;     ///< the word's index within its contact
     };
     /// A word start in a sorted array, with what a hit from it needs (read in array order).
     struct Entry {
@@ -65,10 +63,12 @@ class SearchIndex {
 
     void IndexNames(const ContactTable& table);
     void IndexNumbers(const ContactTable& table);
+    void ShrinkToFit();
     void Extend(size_t i, const KeyQuery& query);
     char KeyAt(const Entry& entry, size_t offset) const;
     char InitialAt(uint32_t word, size_t offset) const;
-    void NumbersOfFirstGroup(const KeyQuery& query, std::vector<uint32_t>& out) const;
+    /// Appends the contacts whose numbers hold the three digits (0..9 each), in order.
+    void NumbersOfGroup(const uint8_t* digits, std::vector<uint32_t>& out) const;
     bool DigitsContain(uint32_t contact, const char* digits, size_t n) const;
     void Collect(const KeyQuery& query, SearchHits& hits);
     void MarkNumberHits(const KeyQuery& query);

@@ -77,6 +77,11 @@ void DialBoard::ReleasePhotos() {
         DeletePhoto(entry);
 }
 
+void DialBoard::ForgetPicture(int index) {
+    DeletePhoto(entries_[index]);
+    entries_[index].flags = 0;
+}
+
 bool DialBoard::Rename(int32_t slot, const Str& display) {
     int index = FindBySlot(slot);
     if (index == -1)

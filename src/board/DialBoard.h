@@ -48,6 +48,8 @@ class DialBoard {
     void SetPhoto(int index, PictureHandle photo);
     /// Deletes every cached picture (the button size changed); the has-picture flags stay.
     void ReleasePhotos();
+    /// The entry's contact shows no picture after all: clears its flag and deletes its photo.
+    void ForgetPicture(int index);
     /// Sets the display text of slot's entry and saves it alone; false when the slot is free.
     bool Rename(int32_t slot, const Str& display);
 

@@ -170,6 +170,17 @@ TEST_F(DialBoardTest, SetPhotoDeletesThePhotoItReplaces) {
     EXPECT_EQ(board_.EntryAt(0).flags, 1u);
 }
 
+TEST_F(DialBoardTest, ForgetPictureClearsTheFlagAndDeletesThePhoto) {
+    board_.Assign(1, 7, u"111", u"Mobile", 0);
+    board_.SetPhoto(0, Photo(6));
+    int sets = registry::memory::SetCount();
+    board_.ForgetPicture(0);
+    EXPECT_EQ(board_.EntryAt(0).flags, 0u);
+    EXPECT_EQ(board_.EntryAt(0).photo, nullptr);
+    EXPECT_EQ(gReleased, std::vector<PictureHandle>{Photo(6)});
+    EXPECT_EQ(registry::memory::SetCount(), sets);
+}
+
 TEST_F(DialBoardTest, DestroyingTheBoardDeletesItsPhotos) {
     {
         DialBoard board(&contacts_);

@@ -460,9 +460,10 @@ BITMAPS = [
     ("p_panel_2", 132, lambda p, k: panel_2(p, k, False)),
 ]
 
-# The sample skin replaces a few bitmaps, drawn for high-resolution screens.
+# The sample skin replaces a few bitmaps, drawn for high-resolution screens. The panel images
+# are opaque, so they come along: their corners carry the skin's own background.
 SAMPLE_SKIN_BITMAPS = ["big_btn_text", "big_btn_add", "big_active_frame", "big_photo_frame",
-                       "btn_number_frame"]
+                       "btn_number_frame", "p_panel_1", "p_panel_2", "l_panel_1", "l_panel_2"]
 
 SAMPLE_SKIN_INI = """; Sample skin: a deep green board. Copy the DialdeckSkin folder and this file beside
 ; Dialdeck.exe; any bitmap of the folder replaces the built-in one of the same name.

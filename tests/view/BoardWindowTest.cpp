@@ -240,6 +240,12 @@ TEST_F(BoardWindowTest, SampleSkinChangesColoursAndBitmaps) {
     EXPECT_EQ(board.GetSkin()->Colours().background, RGB(24, 52, 44));
     const shot::Image image = Shoot("board-480x640-sample-skin");
     ProbeBoard(image, {480, 640, 192}, true, RGB(24, 52, 44));
+    // The skin's own panel images: their corners carry the skin's background too.
+    RECT panel{};
+    GetWindowRect(board.Panel()->Hwnd(), &panel);
+    MapWindowPoints(nullptr, board.Hwnd(), reinterpret_cast<POINT*>(&panel), 2);
+    EXPECT_EQ(image.At(panel.left, panel.top), RGB(24, 52, 44));
+    EXPECT_EQ(image.At(panel.right - 1, panel.bottom - 1), RGB(24, 52, 44));
     board_.reset();
     std::filesystem::remove_all(folder, ignored);
 }

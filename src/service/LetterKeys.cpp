@@ -63,10 +63,6 @@ char16_t BaseLetter(char16_t c) {
     return base == '.' ? 0 : static_cast<char16_t>(base);
 }
 
-bool IsCombiningMark(char16_t c) {
-    return c >= 0x300 && c <= 0x36F;
-}
-
 int SingleKey(uint16_t mask) {
     if (mask == 0 || (mask & (mask - 1)) != 0)
         return -1;

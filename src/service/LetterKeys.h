@@ -15,7 +15,9 @@ char16_t FoldLower(char16_t c);
 /// "ß"), the lower-cased letter itself for ASCII letters, 0 for anything else.
 char16_t BaseLetter(char16_t c);
 /// True for combining marks (U+0300..U+036F): part of a word, on no key.
-bool IsCombiningMark(char16_t c);
+inline bool IsCombiningMark(char16_t c) {
+    return c >= 0x300 && c <= 0x36F;
+}
 
 class LetterKeys {
   public:

@@ -74,8 +74,10 @@ void SearchIndex::IndexNames(const ContactTable& table) {
             const std::u16string& text = contact.fields[w.field];
             uint8_t bits = static_cast<uint8_t>((w.nameStart ? kNameStartFlag : 0) |
                                                 (lastInRun ? kLastInRunFlag : 0));
+            bool markFollows = w.start + 1u < w.end && IsCombiningMark(text[w.start + 1u]);
+            char16_t initial = markFollows ? 0 : text[w.start];
             words_.push_back({static_cast<uint32_t>(keyText_.size()),
-                              static_cast<uint32_t>(wordText_.size()), bits});
+                              static_cast<uint32_t>(wordText_.size()), initial, bits});
             wordText_.insert(wordText_.end(), text.begin() + w.start, text.begin() + w.end);
             wordText_.push_back(0);
             for (size_t c = w.start; c < w.end; ++c) {
@@ -95,12 +97,10 @@ void SearchIndex::IndexNames(const ContactTable& table) {
     for (uint32_t p = 0; p < n; ++p) {
         for (uint32_t i = firstWord_[p]; i < firstWord_[p + 1]; ++i) {
             const IndexWord& w = words_[i];
-            const char16_t* text = wordText_.data() + w.textPos;
-            char16_t lead = IsCombiningMark(text[1]) ? 0 : text[0];
             auto rank =
                 static_cast<uint8_t>((w.bits & kNameStartFlag) ? kRankNameStart : kRankWord);
             auto local = static_cast<uint8_t>(i - firstWord_[p]);
-            byKeys_.push_back({w.keyPos, p, rank, local, lead});
+            byKeys_.push_back({w.keyPos, p, rank, local, w.initial});
             if (!(w.bits & kLastInRunFlag))
                 byInitials_.push_back({i, p, kRankInitials, local, 0});
         }
@@ -405,6 +405,18 @@ void SearchIndex::AppendHitText(const SearchHit& hit, size_t queryLength,
 
 void SearchIndex::AppendWordFragments(const SearchHit& hit, size_t queryLength, uint32_t first,
                                       std::u16string& out) const {
+    if (hit.rank == kRankInitials) {
+        bool plain = true;
+        for (size_t k = 0; k < queryLength; ++k)
+            plain = plain && words_[first + hit.word + k].initial != 0;
+        for (size_t k = 0; plain && k < queryLength; ++k) {
+            if (k > 0)
+                out += u'+';
+            out += words_[first + hit.word + k].initial;
+        }
+        if (plain)
+            return;
+    }
     // Inside a word every character is on a key or is a mark, so counting non-marks counts keys.
     size_t left = queryLength;
     for (uint32_t w = first + hit.word; left > 0; ++w) {

@@ -42,6 +42,7 @@ class SearchIndex {
     struct IndexWord {
         uint32_t keyPos;   ///< first key of the word in keyText_; the run ends at a 0
         uint32_t textPos;  ///< the word as written in wordText_, ended by a 0
+        char16_t initial;  ///< its first character; 0 when a mark follows it
         uint8_t bits;      ///< kNameStartFlag, kLastInRunFlag
     };
     /// A word start in a sorted array, with what a hit from it needs (read in array order).

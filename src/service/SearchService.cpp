@@ -161,6 +161,10 @@ bool SearchService::TextSearchReply(const uint8_t* in, uint32_t inBytes,
     }
     texts_.clear();
     for (const SearchHit& hit : lastHits_) {
+        if (hit.rank > kRankInitials || query.empty()) {
+            texts_.append(u"+", 2);  // the "+" and its terminator
+            continue;
+        }
         index_.AppendHitText(hit, query.size(), texts_);
         texts_.push_back(0);
     }

@@ -42,11 +42,13 @@ void BoardWindow::Paint(HDC dc, const RECT& clip) {
         return;
     SetBkMode(dc, TRANSPARENT);
     const Box clipBox = ToBox(clip);
+    // The label's height is the small font's, the same for every cell of this paint.
+    const int labelH = showPhoneType_ ? Skin::GetFontHeight(skin_->Font(SkinFont::kSmall)) : 0;
     Array<int> numbered;
     for (int p = 0; p < geometry_.PerPage(); ++p) {
         const Box& cell = geometry_.Cell(p);
         if (cell.Width() > 0 && cell.Intersects(clipBox))
-            PaintCell(dc, p, numbered);
+            PaintCell(dc, p, labelH, numbered);
     }
     PaintSelection(dc);
     if (!showDialerButton_)
@@ -58,7 +60,7 @@ void BoardWindow::Paint(HDC dc, const RECT& clip) {
     }
 }
 
-void BoardWindow::PaintCell(HDC dc, int position, Array<int>& numbered) {
+void BoardWindow::PaintCell(HDC dc, int position, int labelH, Array<int>& numbered) {
     const RECT cell = ToRect(geometry_.Cell(position));
     const bool pressed = cellPressed_[position];
     const int cellW = geometry_.CellW();
@@ -69,7 +71,6 @@ void BoardWindow::PaintCell(HDC dc, int position, Array<int>& numbered) {
                               pressed ? cellW : 0, 0, cellW, cellH);
         return;
     }
-    const int labelH = showPhoneType_ ? Skin::GetFontHeight(skin_->Font(SkinFont::kSmall)) : 0;
     if (!PaintPhoto(dc, index, cell, pressed)) {
         Skin::DrawTransparent(dc, cell.left, cell.top, skin_->Button(ButtonArt::kFace),
                               pressed ? cellW : 0, 0, cellW, cellH);

@@ -100,7 +100,7 @@ class BoardWindow : public WndBase {
     void RepaintCell(int position);
 
     // Painting (BoardPaint.cpp).
-    void PaintCell(HDC dc, int position, Array<int>& numbered);
+    void PaintCell(HDC dc, int position, int labelH, Array<int>& numbered);
     bool PaintPhoto(HDC dc, int index, const RECT& cell, bool pressed);
     void PaintName(HDC dc, const DialEntry& entry, const RECT& cell, bool pressed, int labelH);
     void PaintLabel(HDC dc, const Str& label, const RECT& cell);

@@ -403,6 +403,22 @@ void SearchIndex::AppendHitText(const SearchHit& hit, size_t queryLength,
                     ContactMatch{hit.rank, hit.word}, queryLength, out);
 }
 
+void SearchIndex::Prefetch(const SearchHit& hit, int stage) const {
+    if (hit.rank > kRankInitials)
+        return;
+    if (stage == 0) {
+        __builtin_prefetch(&firstWord_[hit.position]);
+        return;
+    }
+    uint32_t word = firstWord_[hit.position] + hit.word;
+    if (word >= words_.size())
+        return;
+    if (stage == 1)
+        __builtin_prefetch(&words_[word]);
+    else
+        __builtin_prefetch(&wordText_[words_[word].textPos]);
+}
+
 void SearchIndex::AppendWordFragments(const SearchHit& hit, size_t queryLength, uint32_t first,
                                       std::u16string& out) const {
     if (hit.rank == kRankInitials) {

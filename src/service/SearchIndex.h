@@ -33,6 +33,9 @@ class SearchIndex {
     /// Appends the fragments of a hit (see AppendFragments).
     void AppendHitText(const SearchHit& hit, size_t queryLength, std::u16string& out) const;
 
+    /// Starts loading what AppendHitText will read for a hit, `stage` 0 (the contact's first
+    /// word), 1 (its words) or 2 (their text): called ahead of a run of hits, in that order.
+    void Prefetch(const SearchHit& hit, int stage) const;
     /// The object id of the contact at a table position.
     uint32_t OidAt(uint32_t position) const { return oids_[position]; }
     /// Bytes of the index's own structures (contact texts not included).

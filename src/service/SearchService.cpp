@@ -160,7 +160,17 @@ bool SearchService::TextSearchReply(const uint8_t* in, uint32_t inBytes,
         stringsReady_ = false;
     }
     texts_.clear();
-    for (const SearchHit& hit : lastHits_) {
+    // The hits lie scattered over the index: ask for each one's words well before its turn.
+    constexpr size_t kAhead = 8;
+    size_t count = lastHits_.size();
+    for (size_t i = 0; i < count; ++i) {
+        const SearchHit& hit = lastHits_[i];
+        if (i + 3 * kAhead < count)
+            index_.Prefetch(lastHits_[i + 3 * kAhead], 0);
+        if (i + 2 * kAhead < count)
+            index_.Prefetch(lastHits_[i + 2 * kAhead], 1);
+        if (i + kAhead < count && query.size() > 1)
+            index_.Prefetch(lastHits_[i + kAhead], 2);
         if (hit.rank > kRankInitials || query.empty()) {
             texts_.append(u"+", 2);  // the "+" and its terminator
             continue;
@@ -169,7 +179,6 @@ bool SearchService::TextSearchReply(const uint8_t* in, uint32_t inBytes,
         texts_.push_back(0);
     }
     texts_.push_back(0);
-    size_t count = lastHits_.size();
     reply.resize(4 + 4 * count + 2 * texts_.size());
     uint32_t n = static_cast<uint32_t>(count);
     std::memcpy(reply.data(), &n, 4);

@@ -4,6 +4,10 @@
 // ServiceProtocol.h through IoControl. The last text search's results are kept for requests 8
 // and 6, and the last reply for a repeat of the same request (the caller's retry with a buffer
 // of the reported size).
+//
+// A contact change (a store notice) marks the index stale and the next search rebuilds it, about
+// 35 ms at 10,000 contacts; notices reach the service when a picker opens (StoreFeed), so the
+// rebuild falls on the opening search and never between keystrokes.
 
 #include <cstdint>
 #include <functional>

@@ -24,14 +24,14 @@ constexpr uint32_t kFirstName = 0x0082001F;
 constexpr uint32_t kLastName = 0x0084001F;
 constexpr uint32_t kMiddleName = 0x0083001F;
 constexpr uint32_t kCompany = 0x008A001F;
-constexpr uint32_t kNamePart5 = 0x0086001F;   // title
+constexpr uint32_t kNamePart5 = 0x0086001F;   // job title
 constexpr uint32_t kNamePart6 = 0x0080001F;   // nickname
 constexpr uint32_t kNamePart7 = 0x0081001F;   // name prefix
 constexpr uint32_t kNamePart8 = 0x0085001F;   // name suffix
 constexpr uint32_t kExtraText = 0x00A8001F;   // e-mail address
 constexpr uint32_t kList = 0x101D001F;        // categories, comma-separated
 constexpr uint32_t kExtraText2 = 0x008C001F;  // department
-constexpr uint32_t kExtraText3 = 0x008B001F;  // office location
+constexpr uint32_t kExtraText3 = 0x008B001F;  // role
 
 // The thirteen phone properties, in type-code order (0 to 12).
 constexpr uint32_t kMobilePhone = 0x0096001F;

@@ -1,5 +1,7 @@
 #include "contacts/TextDecoding.h"
 
+#include "contacts/ShiftJisTable.h"
+
 #include <cstring>
 #include <string>
 
@@ -112,7 +114,10 @@ constexpr CharsetName kCharsets[] = {
     {"LATIN-1", DecodeLatin1},       {"WINDOWS-1252", DecodeWindows1252},
     {"CP1252", DecodeWindows1252},   {"WINDOWS-1251", DecodeWindows1251},
     {"CP1251", DecodeWindows1251},   {"KOI8-R", DecodeKoi8r},
-    {"UTF-16LE", DecodeUtf16Le},     {"UTF-16BE", DecodeUtf16Be},
+    {"UTF-16LE", DecodeUtf16Le},     {"SHIFT_JIS", DecodeShiftJis},
+    {"SHIFT-JIS", DecodeShiftJis},   {"SJIS", DecodeShiftJis},
+    {"CP932", DecodeShiftJis},       {"WINDOWS-31J", DecodeShiftJis},
+    {"UTF-16BE", DecodeUtf16Be},
 };
 
 bool SameNameIgnoringCase(const char* known, const char* name, size_t length) {
@@ -206,6 +211,33 @@ Str DecodeWindows1251(const uint8_t* bytes, size_t size) {
 
 Str DecodeKoi8r(const uint8_t* bytes, size_t size) {
     return DecodeWithHighTable(bytes, size, kKoi8rHigh, 0x80);
+}
+
+Str DecodeShiftJis(const uint8_t* bytes, size_t size) {
+    std::u16string out;
+    out.reserve(size);
+    for (size_t i = 0; i < size; ++i) {
+        uint8_t b = bytes[i];
+        if (b < 0x80) {
+            out += static_cast<char16_t>(b);
+            continue;
+        }
+        if (b >= 0xA1 && b <= 0xDF) {  // half-width katakana
+            out += static_cast<char16_t>(0xFF61 + (b - 0xA1));
+            continue;
+        }
+        int lead = (b >= 0x81 && b <= 0x9F)   ? b - 0x81
+                   : (b >= 0xE0 && b <= 0xFC) ? b - 0xE0 + 31
+                                              : -1;
+        uint8_t trail = i + 1 < size ? bytes[i + 1] : 0;
+        if (lead < 0 || trail < 0x40 || trail > 0xFC || trail == 0x7F) {
+            out += u'\uFFFD';
+            continue;
+        }
+        out += kShiftJisTable[lead * kShiftJisTrails + trail - 0x40 - (trail > 0x7F ? 1 : 0)];
+        ++i;
+    }
+    return ToStr(out);
 }
 
 CharsetDecoder FindCharset(const char* name, size_t length) {

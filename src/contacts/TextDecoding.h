@@ -24,9 +24,11 @@ Str DecodeWindows1252(const uint8_t* bytes, size_t size);
 Str DecodeWindows1251(const uint8_t* bytes, size_t size);
 /// KOI8-R (Cyrillic).
 Str DecodeKoi8r(const uint8_t* bytes, size_t size);
+/// Shift_JIS as windows-932 writes it (Japanese); a bad sequence gives U+FFFD.
+Str DecodeShiftJis(const uint8_t* bytes, size_t size);
 
 /// The decoder of a character set name (case-insensitive: "UTF-8", "windows-1251", "cp1251",
-/// "ISO-8859-1", "latin1", "KOI8-R", ...); null when the name is not known.
+/// "ISO-8859-1", "latin1", "KOI8-R", "Shift_JIS", ...); null when the name is not known.
 using CharsetDecoder = Str (*)(const uint8_t* bytes, size_t size);
 CharsetDecoder FindCharset(const char* name, size_t length);
 

@@ -1,28 +1,32 @@
 #pragma once
 // Maps vCards onto the contacts database's properties and streams.
 //
-//   N             last, first, middle name; prefix to name part 7, suffix to name part 8
-//   FN            first name, only when N gives no name and there is no ORG
-//   ORG           company (first unit); the second unit to extra text 2 (department)
-//   TITLE         name part 5;  NICKNAME: name part 6 (first of the list)
-//   EMAIL         extra text (the first one);  CATEGORIES: the list property, comma-separated
-//   X-OFFICE, ROLE  extra text 3 (office)
-//   TEL           by its types, into the first free phone property that fits:
-//                 CELL/MOBILE -> Mobile; HOME -> Home, then Home 2; WORK -> Work, then Work 2;
-//                 FAX (+HOME) -> Home fax, FAX (+WORK or alone) -> Work fax; PAGER -> Pager;
-//                 CAR -> Car; MSG/MMS (no voice type) -> MMS; X-ASSISTANT (or the group's
-//                 X-ABLabel naming an assistant) -> Assistant; X-RADIO -> Radio;
-//                 MAIN/COMPANY -> Company; no type, VOICE, PREF or OTHER -> Home, Home 2, Work,
-//                 Work 2, Mobile in that order. A number that fits no free property becomes a
-//                 "Phone:" item of the notes block with its label (the group's X-ABLabel, else
-//                 its type names).
-//   NOTE          the notes stream (UTF-16 with its mark), so a notes block written in the
-//                 card is read back; extra "Phone:" items are added to its block.
-//   PHOTO         the picture stream: base64, a data: URI, or quoted-printable bytes.
+//   N           last, first, middle name (3.0 and 4.0 lists joined by blanks); prefix to name
+//               part 7, suffix to name part 8
+//   FN          first name, only when N gives no name and FN is not the company's name
+//   ORG         company (first unit); the second unit to extra text 2 (department)
+//   TITLE       name part 5;  NICKNAME: name part 6 (the first of the list)
+//   EMAIL       extra text (the first one);  ROLE: extra text 3
+//   CATEGORIES  the list property, items joined by ", "
+//   TEL         numbers with a type that names a property go first, each into the first free
+//               property it allows: CELL, MOBILE, IPHONE -> Mobile; HOME -> Home, then Home 2;
+//               WORK -> Work, then Work 2; FAX with HOME -> Home fax, with WORK -> Work fax,
+//               alone -> Work fax, then Home fax; PAGER -> Pager; CAR -> Car; MMS -> MMS;
+//               X-ASSISTANT -> Assistant; X-RADIO -> Radio; MAIN, COMPANY -> Company. A label
+//               of the group's X-ABLabel in the "_$!<Mobile>!$_" style counts as its type.
+//               Then numbers with no such type (none, VOICE, PREF, ...) and no label of their
+//               own take Mobile, Home, Work, Home 2, Work 2, whichever is free first.
+//               Every other number becomes a "Phone:" item of the notes block: one with a
+//               label of its own (the group's X-ABLabel, an X-CUSTOM(...) label, or a type
+//               such as OTHER or X-SKYPE shown as "Other", "Skype") under that label, one that
+//               found its properties taken under the property's label, any other as "Phone".
+//   NOTE        the notes stream (FE FF and UTF-16), so a notes block written in the card is
+//               read back; the extra "Phone:" items join its block, or a new one.
+//   PHOTO       the picture stream: base64, a data: URI, or quoted-printable bytes.
 //
 // Object ids come from the UID when the card has one, else from the card's identity (its name
-// parts, company and first number); they are never 0, and a collision takes the next id of the
-// same sequence, in file order, so the same file always gives the same ids.
+// parts, company, e-mail and first number); they are never 0, and a collision takes the next id
+// of the identity's sequence, in file order, so the same file always gives the same ids.
 
 #include <cstddef>
 #include <cstdint>

@@ -45,6 +45,20 @@ TEST(TextDecodingTest, Utf16) {
     EXPECT_EQ(Decode(DecodeUtf16Le, std::string("a\0b", 3)), u"a");
 }
 
+TEST(TextDecodingTest, ShiftJis) {
+    // "安藤ロイド" in two-byte codes, then half-width katakana and ASCII.
+    EXPECT_EQ(Decode(DecodeShiftJis, "\x88\xC0\x93\xA1\x83\x8D\x83\x43\x83\x68"),
+              u"\x5B89\x85E4\x30ED\x30A4\x30C9");
+    EXPECT_EQ(Decode(DecodeShiftJis,
+                     "\xB1\xDF"
+                     "a1"),
+              u"\xFF71\xFF9F"
+              u"a1");
+    EXPECT_EQ(Decode(DecodeShiftJis, "\x88"), u"\xFFFD");            // a lead byte at the end
+    EXPECT_EQ(Decode(DecodeShiftJis, "\x88\x7Fz"), u"\xFFFD\x7Fz");  // no such trail byte
+    EXPECT_EQ(Decode(DecodeShiftJis, "\xFD\xA0"), u"\xFFFD\xFFFD");
+}
+
 TEST(TextDecodingTest, FindsCharsetsByName) {
     struct Case {
         const char* name;
@@ -60,7 +74,8 @@ TEST(TextDecodingTest, FindsCharsetsByName) {
         {"Windows-1252", DecodeWindows1252},
         {"KOI8-R", DecodeKoi8r},
         {"us-ascii", DecodeWindows1252},
-        {"SHIFT_JIS", nullptr},
+        {"SHIFT_JIS", DecodeShiftJis},
+        {"X-UNKNOWN", nullptr},
         {"", nullptr},
     };
     for (const Case& c : cases) {

@@ -4,9 +4,9 @@
 
 #include "app/ScreenInfo.h"
 #include "base/SettingsStore.h"
+#include "contacts/Photos.h"
 #include "platform/Gdi.h"
 #include "platform/WideCast.h"
-#include "skin/ImageFile.h"
 #include "skin/IniFile.h"
 
 namespace {
@@ -182,7 +182,7 @@ HBITMAP Skin::LoadSkinBitmap(uint32_t resourceId, const char16_t* name) const {
     if (name != nullptr) {
         Str path;
         path.Format(u"%s\\%s.bmp", folder_.c_str(), name);
-        if (HBITMAP bitmap = DecodeImageFileToBitmap(W(path.c_str())))
+        if (HBITMAP bitmap = DecodeImageFile(GetImagingFactory(), W(path.c_str())))
             return bitmap;
     }
     if (library_ == nullptr)

@@ -53,7 +53,6 @@ void BoardWindow::SetBigButtons(bool big) {
     buttonW_ = skin_->CellWidth();
     buttonH_ = skin_->CellHeight();
     board_.ReleasePhotos();
-    pictureless_.clear();
 }
 
 void BoardWindow::GrowByPage() {

@@ -103,17 +103,16 @@ bool BoardWindow::PaintPhoto(HDC dc, int index, const RECT& cell, bool pressed) 
 }
 
 // The entry's cached picture, read from its contact at button size on first use. A contact that
-// is gone (oid 0) or gives no picture is drawn plain from then on.
+// is gone (oid 0) or gives no picture loses its picture flag and is drawn plain from then on.
 HBITMAP BoardWindow::PhotoOf(int index) {
     const DialEntry& entry = board_.EntryAt(index);
     if ((entry.flags & kHasPicture) == 0)
         return nullptr;
     if (entry.photo != nullptr)
         return static_cast<HBITMAP>(entry.photo);
-    if (entry.oid == 0 || session_ == nullptr || pictureless_.count(entry.oid) != 0)
-        return nullptr;
     ContactRecord record;
-    if (session_->ReadContact(entry.oid, record, read_flags::kPicture, geometry_.CellW(),
+    if (entry.oid != 0 && session_ != nullptr &&
+        session_->ReadContact(entry.oid, record, read_flags::kPicture, geometry_.CellW(),
                               geometry_.CellH()) &&
         record.picture != nullptr) {
         PictureHandle picture = record.picture;
@@ -121,7 +120,7 @@ HBITMAP BoardWindow::PhotoOf(int index) {
         board_.SetPhoto(index, picture);
         return static_cast<HBITMAP>(picture);
     }
-    pictureless_.insert(entry.oid);
+    board_.ForgetPicture(index);
     return nullptr;
 }
 

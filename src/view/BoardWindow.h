@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <memory>
-#include <unordered_set>
 
 #include "app/WndBase.h"
 #include "board/DialBoard.h"
@@ -136,6 +135,4 @@ class BoardWindow : public WndBase {
     int32_t buttonW_ = -1;       ///< the button size the cached photos were made for
     int32_t buttonH_ = -1;
     bool cellPressed_[kMaxButtonsPerPage] = {};
-    /// Contacts whose picture could not be read: drawn plain without asking again.
-    std::unordered_set<uint32_t> pictureless_;
 };

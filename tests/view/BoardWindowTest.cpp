@@ -65,14 +65,16 @@ class BoardWindowTest : public ::testing::Test {
     }
 
     BoardWindow& Open(const device::Profile& profile, bool big, bool showType, bool showNumber,
-                      const std::wstring& skinFolder = L"C:\\no-such-folder\\DialdeckSkin") {
+                      const std::wstring& skinFolder = L"C:\\no-such-folder\\DialdeckSkin",
+                      bool withPhoto = true) {
         StoreOptions(big, showType, showNumber);
         library_ = UseScreen(profile);
         UseSkinFolder(skinFolder);
         board_ = std::make_unique<BoardWindow>();
         board_->Board().SetContacts(&contacts_);
         EXPECT_TRUE(board_->Create(false));
-        GivePhoto();
+        if (withPhoto)
+            GivePhoto();
         return *board_;
     }
 
@@ -218,6 +220,26 @@ TEST_F(BoardWindowTest, DeletedContactKeepsItsStoredNameOnAPlainFace) {
     for (int x = cell.left; x < cell.right && !white; ++x) {
         for (int y = cell.top + cell.Height() / 3; y < cell.bottom - cell.Height() / 3; ++y) {
             if (i.At(x, y) == RGB(255, 255, 255))
+                white = true;
+        }
+    }
+    EXPECT_TRUE(white);
+}
+
+TEST_F(BoardWindowTest, PictureThatCannotBeReadLeavesAPlainFace) {
+    BoardWindow& board =
+        Open({480, 640, 192}, true, false, false, L"C:\\no-such-folder\\DialdeckSkin", false);
+    const int index = board.Board().FindBySlot(7);
+    ASSERT_EQ(board.Board().EntryAt(index).flags & 1u, 1u);
+    const shot::Image image = Shoot("board-480x640-unreadable-picture");
+    EXPECT_EQ(board.Board().EntryAt(index).flags & 1u, 0u);
+    EXPECT_EQ(board.Board().EntryAt(index).photo, nullptr);
+    // Drawn as the plain text face: its name in white.
+    const Box& cell = board.Geometry().Cell(7);
+    bool white = false;
+    for (int x = cell.left; x < cell.right && !white; ++x) {
+        for (int y = cell.top; y < cell.bottom; ++y) {
+            if (image.At(x, y) == RGB(255, 255, 255))
                 white = true;
         }
     }

@@ -135,7 +135,7 @@ class WinPlatform : public ContactsPlatform {
         CoUninitialize();
     }
     std::unique_ptr<ContactsStore> CreateStore() override {
-        return std::make_unique<WatchedStore>(DefaultContactsFilePath());
+        return CreateWatchedStore(DefaultContactsFilePath());
     }
     ContactsNoticeTarget* CreateListenerWindow(ContactsSession& session) override {
         auto* window = new ListenerWindow(session);
@@ -158,6 +158,10 @@ class WinPlatform : public ContactsPlatform {
 };
 
 }  // namespace
+
+std::unique_ptr<ContactsStore> CreateWatchedStore(const Str& path) {
+    return std::make_unique<WatchedStore>(path);
+}
 
 ContactsPlatform& WinContactsPlatform() {
     static WinPlatform platform;

@@ -56,6 +56,50 @@ void SetContactsFile(const std::wstring& path) {
                   static_cast<uint32_t>((path.size() + 1) * sizeof(wchar_t)));
 }
 
+/// The Windows platform on a contacts file of the test's own (tests may run side by side, so
+/// only the test of the file rule touches the shared setting).
+class FilePlatform : public ContactsPlatform {
+  public:
+    explicit FilePlatform(const std::wstring& path) : path_(path) {}
+    void InitializeCom() override { Win().InitializeCom(); }
+    void UninitializeCom() override { Win().UninitializeCom(); }
+    std::unique_ptr<ContactsStore> CreateStore() override {
+        return CreateWatchedStore(Str(U(path_.c_str())));
+    }
+    ContactsNoticeTarget* CreateListenerWindow(ContactsSession& session) override {
+        return Win().CreateListenerWindow(session);
+    }
+    void DestroyListenerWindow(ContactsNoticeTarget* window) override {
+        Win().DestroyListenerWindow(window);
+    }
+    PictureHandle DecodePicture(ContactsStream& stream, int width, int height) override {
+        return Win().DecodePicture(stream, width, height);
+    }
+    PictureRelease PictureReleaser() override { return Win().PictureReleaser(); }
+    AnsiDecoder NotesDecoder() override { return Win().NotesDecoder(); }
+
+  private:
+    static ContactsPlatform& Win() { return WinContactsPlatform(); }
+    std::wstring path_;
+};
+
+/// The listener window of this thread, or null (other test programs may have theirs).
+HWND ListenerWindowOfThisThread() {
+    HWND found = nullptr;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND hwnd, LPARAM param) -> BOOL {
+            wchar_t name[64] = {};
+            GetClassNameW(hwnd, name, 64);
+            if (std::wstring(name) != kListenerWindowClass)
+                return TRUE;
+            *reinterpret_cast<HWND*>(param) = hwnd;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
 std::wstring TempFile(const wchar_t* name) {
     wchar_t folder[MAX_PATH] = {};
     GetTempPathW(MAX_PATH, folder);
@@ -83,20 +127,15 @@ std::string Card(const std::string& name, const std::string& tel) {
            ";\r\nTEL;TYPE=CELL:" + tel + "\r\nEND:VCARD\r\n";
 }
 
-class ContactsPlatformWinTest : public ::testing::Test {
-  protected:
-    void TearDown() override { SetContactsFile(L""); }
-};
-
-TEST_F(ContactsPlatformWinTest, TheListenerWindowHandsNoticesToTheListener) {
+TEST(ContactsPlatformWinTest, TheListenerWindowHandsNoticesToTheListener) {
     std::wstring path = TempFile(L"dd-listener.vcf");
     WriteFile(path, Card("A", "1"));
-    SetContactsFile(path);
-    ContactsSession session(WinContactsPlatform());
+    FilePlatform platform(path);
+    ContactsSession session(platform);
     RecordingListener listener;
     session.SetListener(&listener);
     ASSERT_TRUE(session.Open());
-    HWND window = FindWindowW(kListenerWindowClass, nullptr);
+    HWND window = ListenerWindowOfThisThread();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE, 0);
     PostMessageW(window, 0x8100, 11, 0);
@@ -112,21 +151,26 @@ TEST_F(ContactsPlatformWinTest, TheListenerWindowHandsNoticesToTheListener) {
                                     {2, 11}, {0, 12}, {1, 13}, {2, 14}, {0, 15}, {1, 16}}));
     EXPECT_GE(listener.timers, 1);
     session.Destroy();
-    EXPECT_EQ(FindWindowW(kListenerWindowClass, nullptr), nullptr);
+    EXPECT_EQ(ListenerWindowOfThisThread(), nullptr);
     DeleteFileW(path.c_str());
 }
 
-TEST_F(ContactsPlatformWinTest, NoListenerNoWindow) {
-    ContactsSession session(WinContactsPlatform());
+TEST(ContactsPlatformWinTest, NoListenerNoWindow) {
+    std::wstring path = TempFile(L"dd-nolistener.vcf");
+    WriteFile(path, Card("A", "1"));
+    FilePlatform platform(path);
+    ContactsSession session(platform);
     ASSERT_TRUE(session.Open());
-    EXPECT_EQ(FindWindowW(kListenerWindowClass, nullptr), nullptr);
+    EXPECT_EQ(ListenerWindowOfThisThread(), nullptr);
+    session.Destroy();
+    DeleteFileW(path.c_str());
 }
 
-TEST_F(ContactsPlatformWinTest, AnEditOnDiskReachesTheListenerByItself) {
+TEST(ContactsPlatformWinTest, AnEditOnDiskReachesTheListenerByItself) {
     std::wstring path = TempFile(L"dd-watched.vcf");
     WriteFile(path, Card("A", "1") + Card("B", "2"));
-    SetContactsFile(path);
-    ContactsSession session(WinContactsPlatform());
+    FilePlatform platform(path);
+    ContactsSession session(platform);
     RecordingListener listener;
     session.SetListener(&listener);
     ASSERT_TRUE(session.Open());
@@ -144,11 +188,11 @@ TEST_F(ContactsPlatformWinTest, AnEditOnDiskReachesTheListenerByItself) {
     DeleteFileW(path.c_str());
 }
 
-TEST_F(ContactsPlatformWinTest, ReadsTheDemoContactsWithPhotos) {
+TEST(ContactsPlatformWinTest, ReadsTheDemoContactsWithPhotos) {
     wchar_t full[MAX_PATH] = {};
     std::string demo = DD_DEMO "/Contacts.vcf";
     GetFullPathNameW(std::wstring(demo.begin(), demo.end()).c_str(), MAX_PATH, full, nullptr);
-    SetContactsFile(full);
+    SetContactsFile(full);  // the file rule itself: the setting names the file
     InstallWinContactsPlatform();
     ContactsSession* session = ContactsSession::Get();
     ASSERT_NE(session, nullptr);
@@ -181,16 +225,17 @@ TEST_F(ContactsPlatformWinTest, ReadsTheDemoContactsWithPhotos) {
     ASSERT_TRUE(session->ReadContact(oids[4], record, read_flags::kNames, 0, 0));
     EXPECT_EQ(std::u16string(record.lastName.c_str()), u"Петров");
     session->Destroy();
+    SetContactsFile(L"");
 }
 
-TEST_F(ContactsPlatformWinTest, AnsiNotesUseTheSystemCodePage) {
-    std::wstring path = TempFile(L"dd-ansi.vcf");
-    WriteFile(path, Card("A", "1"));
-    SetContactsFile(path);
+TEST(ContactsPlatformWinTest, AnsiNotesUseTheSystemCodePage) {
     AnsiDecoder decode = WinContactsPlatform().NotesDecoder();
     const uint8_t bytes[] = {'a', 'b', 'c'};
     EXPECT_EQ(std::u16string(decode(bytes, 3).c_str()), u"abc");
-    DeleteFileW(path.c_str());
+    const uint8_t high[] = {0xE9};
+    wchar_t expected = 0;
+    MultiByteToWideChar(CP_ACP, 0, reinterpret_cast<const char*>(high), 1, &expected, 1);
+    EXPECT_EQ(static_cast<wchar_t>(decode(high, 1)[0]), expected);
 }
 
 }  // namespace

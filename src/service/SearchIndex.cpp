@@ -327,14 +327,19 @@ void SearchIndex::Collect(const KeyQuery& query, SearchHits& hits) {
         EmitByRank(hits);
         return;
     }
-    for (uint32_t p : top.numberHits)
-        Offer(p, kRankNumber, 0, 0);
-    if (touched_.size() * 32 >= static_cast<size_t>(table_->Size())) {
+    if ((touched_.size() + top.numberHits.size()) * 32 >= static_cast<size_t>(table_->Size())) {
+        // Many hits: mark them in the rank bitmaps; a number hit only where no name matched.
         for (uint32_t p : touched_)
             rankBits_[best_[p] >> 24][p / 64] |= uint64_t{1} << (p % 64);
+        for (uint32_t p : top.numberHits) {
+            if (stamp_[p] != generation_)
+                rankBits_[kRankNumber][p / 64] |= uint64_t{1} << (p % 64);
+        }
         EmitByRank(hits);
         return;
     }
+    for (uint32_t p : top.numberHits)
+        Offer(p, kRankNumber, 0, 0);
     std::sort(touched_.begin(), touched_.end(), [&](uint32_t a, uint32_t b) {
         return best_[a] >> 24 != best_[b] >> 24 ? best_[a] >> 24 < best_[b] >> 24 : a < b;
     });
@@ -403,9 +408,7 @@ void SearchIndex::AppendHitText(const SearchHit& hit, size_t queryLength,
                     ContactMatch{hit.rank, hit.word}, queryLength, out);
 }
 
-void SearchIndex::Prefetch(const SearchHit& hit, int stage) const {
-    if (hit.rank > kRankInitials)
-        return;
+void SearchIndex::PrefetchWords(const SearchHit& hit, int stage) const {
     if (stage == 0) {
         __builtin_prefetch(&firstWord_[hit.position]);
         return;

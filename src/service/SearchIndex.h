@@ -35,7 +35,10 @@ class SearchIndex {
 
     /// Starts loading what AppendHitText will read for a hit, `stage` 0 (the contact's first
     /// word), 1 (its words) or 2 (their text): called ahead of a run of hits, in that order.
-    void Prefetch(const SearchHit& hit, int stage) const;
+    void Prefetch(const SearchHit& hit, int stage) const {
+        if (hit.rank <= kRankInitials)
+            PrefetchWords(hit, stage);
+    }
     /// The object id of the contact at a table position.
     uint32_t OidAt(uint32_t position) const { return oids_[position]; }
     /// Bytes of the index's own structures (contact texts not included).
@@ -68,6 +71,7 @@ class SearchIndex {
     void IndexNames(const ContactTable& table);
     void IndexNumbers(const ContactTable& table);
     void ShrinkToFit();
+    void PrefetchWords(const SearchHit& hit, int stage) const;
     void Extend(size_t i, const KeyQuery& query);
     char KeyAt(const Entry& entry, size_t offset) const;
     char InitialAt(uint32_t word, size_t offset) const;

@@ -17,20 +17,9 @@ std::string UpperCopy(const std::string& text) {
     return out;
 }
 
-bool EqualsIgnoringCase(const std::string& text, const char* word) {
-    size_t length = std::strlen(word);
-    if (text.size() != length)
-        return false;
-    for (size_t i = 0; i < length; ++i) {
-        if (Upper(text[i]) != Upper(word[i]))
-            return false;
-    }
-    return true;
-}
-
 bool StartsWithIgnoringCase(const std::string& text, const char* word) {
     size_t length = std::strlen(word);
-    return text.size() >= length && EqualsIgnoringCase(text.substr(0, length), word);
+    return text.size() >= length && SameVCardName(text.substr(0, length), word);
 }
 
 std::string Trimmed(const std::string& text) {
@@ -80,7 +69,7 @@ bool ParseCustomLabel(const std::string& text, VCardParam& param) {
         SplitOutsideQuotes(trimmed.substr(9, trimmed.size() - 10), ',');
     bool quotedPrintable = false;
     for (const std::string& part : parts) {
-        if (EqualsIgnoringCase(Trimmed(part), "ENCODING=QUOTED-PRINTABLE"))
+        if (SameVCardName(Trimmed(part), "ENCODING=QUOTED-PRINTABLE"))
             quotedPrintable = true;
     }
     std::string label = Trimmed(parts.back());
@@ -98,7 +87,7 @@ VCardParam ParseParam(const std::string& text) {
     if (equals == std::string::npos) {
         param.name = "TYPE";
         for (const char* encoding : kBareEncodings) {
-            if (EqualsIgnoringCase(Trimmed(text), encoding))
+            if (SameVCardName(Trimmed(text), encoding))
                 param.name = "ENCODING";
         }
     } else {
@@ -169,13 +158,13 @@ bool ParseProperty(const std::string& line, VCardProperty& property) {
 
 bool IsQuotedPrintable(const VCardProperty& property) {
     const std::string* encoding = property.Param("ENCODING");
-    return encoding != nullptr && EqualsIgnoringCase(*encoding, "QUOTED-PRINTABLE");
+    return encoding != nullptr && SameVCardName(*encoding, "QUOTED-PRINTABLE");
 }
 
 bool IsBase64(const VCardProperty& property) {
     const std::string* encoding = property.Param("ENCODING");
     return encoding != nullptr &&
-           (EqualsIgnoringCase(*encoding, "BASE64") || EqualsIgnoringCase(*encoding, "B"));
+           (SameVCardName(*encoding, "BASE64") || SameVCardName(*encoding, "B"));
 }
 
 /// The content line being assembled, with its encoding learnt once its header is complete
@@ -441,6 +430,17 @@ class CardCollector {
 
 }  // namespace
 
+bool SameVCardName(const std::string& text, const char* word) {
+    size_t length = std::strlen(word);
+    if (text.size() != length)
+        return false;
+    for (size_t i = 0; i < length; ++i) {
+        if (Upper(text[i]) != Upper(word[i]))
+            return false;
+    }
+    return true;
+}
+
 const std::string* VCardProperty::Param(const char* wanted) const {
     for (const VCardParam& param : params) {
         if (param.name == wanted && !param.values.empty())
@@ -454,7 +454,7 @@ bool VCardProperty::HasType(const char* type) const {
         if (param.name != "TYPE")
             continue;
         for (const std::string& entry : param.values) {
-            if (EqualsIgnoringCase(entry, type))
+            if (SameVCardName(entry, type))
                 return true;
         }
     }

@@ -39,6 +39,9 @@ struct VCard {
     const VCardProperty* Find(const char* name) const;
 };
 
+/// True when text equals the ASCII word, ignoring case (as vCard names and types compare).
+bool SameVCardName(const std::string& text, const char* word);
+
 /// Reads every card of a file. A card without END runs to the end of the file; content before
 /// a BEGIN (or a file without any) is read as a card when it holds properties. Text that is not
 /// a content line is skipped. A UTF-16 file (by its byte order mark) is read as UTF-8.

@@ -25,9 +25,11 @@ void BoardWindow::Layout() {
     const PanelPlacement placed = PlacePanel(
         Box{client.left, client.top, client.right, client.bottom}, landscape, thickness, thickness);
     if (panel_) {
+        // Moved without a repaint of its own; it paints with the board's next paint.
         SetWindowPos(panel_->Hwnd(), nullptr, placed.panel.left, placed.panel.top,
                      placed.panel.Width(), placed.panel.Height(),
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+        InvalidateRect(panel_->Hwnd(), nullptr, FALSE);
     }
     const int cellW = skin_ ? skin_->CellWidth() : 0;
     const int cellH = skin_ ? skin_->CellHeight() : 0;

@@ -94,10 +94,11 @@ bool BoardWindow::CreateFrame() {
 }
 
 // Desktop Windows gives every overlapped window a caption; the device's board has none, and its
-// client area is the whole window.
+// client area is the whole window. The device also always keeps a window's painting off its
+// children (the soft-key panel); the desktop does so only when asked.
 void BoardWindow::RemoveDesktopFrame() {
     LONG_PTR style = GetWindowLongPtrW(hwnd_, GWL_STYLE);
-    SetWindowLongPtrW(hwnd_, GWL_STYLE, style & ~kDesktopFrame);
+    SetWindowLongPtrW(hwnd_, GWL_STYLE, (style & ~kDesktopFrame) | WS_CLIPCHILDREN);
     SetWindowPos(hwnd_, nullptr, 0, 0, 0, 0,
                  SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

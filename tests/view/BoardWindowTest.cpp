@@ -284,6 +284,30 @@ TEST_F(BoardWindowTest, RotationMovesThePanelToTheRightAndRelaysTheBoard) {
     ProbeBoard(image, {320, 240, 96}, true, kBackground);
 }
 
+TEST_F(BoardWindowTest, OnScreenThePanelSurvivesTheBoardsPaint) {
+    BoardWindow& board = Open({480, 640, 192}, true, false, false);
+    EXPECT_NE(GetWindowLongPtrW(board.Hwnd(), GWL_STYLE) & WS_CLIPCHILDREN, 0);
+    InvalidateRect(board.Hwnd(), nullptr, FALSE);
+    UpdateWindow(board.Hwnd());
+    MSG msg;
+    while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&msg);
+    shot::Image screen;
+    ASSERT_TRUE(shot::CaptureClient(board.Hwnd(), screen));
+    SaveShot(screen, L"board-480x640-on-screen");
+    const shot::Image rendered = RenderBoard(board);
+    // The Close key's middle, as the panel paints it, is what the screen shows.
+    RECT close{};
+    board.Panel()->GetButtonRect(3, close);
+    RECT panel{};
+    GetWindowRect(board.Panel()->Hwnd(), &panel);
+    MapWindowPoints(nullptr, board.Hwnd(), reinterpret_cast<POINT*>(&panel), 2);
+    const int x = panel.left + (close.left + close.right) / 2;
+    const int y = panel.top + close.top + 6;
+    EXPECT_NE(screen.At(x, y), kBackground);
+    EXPECT_EQ(screen.At(x, y), rendered.At(x, y));
+}
+
 TEST_F(BoardWindowTest, OtherSettingChangesLeaveTheLayout) {
     BoardWindow& board = Open({240, 320, 96}, true, false, false);
     device::SetCurrentProfile({320, 240, 96});

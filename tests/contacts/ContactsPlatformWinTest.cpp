@@ -138,6 +138,11 @@ TEST(ContactsPlatformWinTest, TheListenerWindowHandsNoticesToTheListener) {
     HWND window = ListenerWindowOfThisThread();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE, 0);
+    EXPECT_EQ(GetClassLongPtrW(window, GCL_STYLE), static_cast<ULONG_PTR>(CS_HREDRAW | CS_VREDRAW));
+    EXPECT_EQ(GetClassLongPtrW(window, GCLP_HBRBACKGROUND),
+              reinterpret_cast<ULONG_PTR>(GetStockObject(WHITE_BRUSH)));
+    EXPECT_EQ(GetWindowTextLengthW(window), 0);
+    EXPECT_EQ(GetParent(window), nullptr);
     PostMessageW(window, 0x8100, 11, 0);
     PostMessageW(window, 0x8101, 12, 0);
     PostMessageW(window, 0x8102, 13, 0);

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "BoardTestSetup.h"
@@ -14,6 +16,7 @@
 #include "base/SettingsStore.h"
 #include "skin/ButtonPanel.h"
 #include "skin/Skin.h"
+#include "view/PaintGeometry.h"
 
 namespace {
 
@@ -244,6 +247,71 @@ TEST_F(BoardWindowTest, PictureThatCannotBeReadLeavesAPlainFace) {
         }
     }
     EXPECT_TRUE(white);
+}
+
+/// Counts the pixels of exactly `colour` in a box, and whether all of them lie inside `inside`.
+int CountColour(const shot::Image& image, const Box& box, COLORREF colour, const Box& inside,
+                bool& allInside) {
+    int count = 0;
+    allInside = true;
+    for (int y = box.top; y < box.bottom; ++y) {
+        for (int x = box.left; x < box.right; ++x) {
+            if (image.At(x, y) != colour)
+                continue;
+            ++count;
+            if (!inside.Contains(x, y))
+                allInside = false;
+        }
+    }
+    return count;
+}
+
+TEST_F(BoardWindowTest, LongNameWrapsAboveTheLabelAndEqualTypeColoursDropTheShadow) {
+    std::error_code ignored;
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() /
+        (L"dd-view-colours-" + std::to_wstring(GetCurrentProcessId()));
+    std::filesystem::create_directories(folder / "DialdeckSkin");
+    {
+        std::ofstream ini(folder / "DialdeckSkinskin.ini", std::ios::binary);
+        ini << "[Dialdeck]\r\nTxtColor=255,255,0\r\nPhoneTypeColor1=0,255,255\r\n"
+               "PhoneTypeColor2=0,255,255\r\n";
+    }
+    BoardWindow& board =
+        Open({480, 640, 192}, true, true, false, (folder / "DialdeckSkin").wstring());
+    const shot::Image image = Shoot("board-480x640-long-name-no-shadow");
+    const Box& cell = board.Geometry().Cell(5);  // "Dr. Margarethe Vanderbilt-Oppenheimer"
+    const int labelH = Skin::GetFontHeight(board.GetSkin()->Font(SkinFont::kSmall));
+    const Box nameBox = NameBox(cell, 192, 192, labelH);
+    bool inside = false;
+    EXPECT_GT(CountColour(image, cell, RGB(255, 255, 0), nameBox, inside), 0);
+    EXPECT_TRUE(inside);
+    // Wrapped: name pixels on rows far apart (more than two lines of the text font).
+    int top = cell.bottom;
+    int bottom = cell.top;
+    for (int y = cell.top; y < cell.bottom; ++y) {
+        for (int x = cell.left; x < cell.right; ++x) {
+            if (image.At(x, y) != RGB(255, 255, 0))
+                continue;
+            top = std::min(top, y);
+            bottom = std::max(bottom, y);
+        }
+    }
+    EXPECT_GT(bottom - top, 3 * labelH);
+    // The label is drawn, and without a black shadow.
+    const Box band{cell.left, cell.bottom - labelH - 4, cell.right, cell.bottom};
+    EXPECT_GT(CountColour(image, band, RGB(0, 255, 255), cell, inside), 0);
+    EXPECT_EQ(CountColour(image, cell, RGB(0, 0, 0), cell, inside), 0);
+    board_.reset();
+    std::filesystem::remove_all(folder, ignored);
+}
+
+TEST_F(BoardWindowTest, LabelHasItsShadowWithTheDefaultColours) {
+    BoardWindow& board = Open({480, 640, 192}, true, true, false);
+    const shot::Image image = Shoot("board-480x640-label-shadow");
+    const Box& cell = board.Geometry().Cell(1);
+    bool inside = false;
+    EXPECT_GT(CountColour(image, cell, RGB(0, 0, 0), cell, inside), 0);
 }
 
 TEST_F(BoardWindowTest, SampleSkinChangesColoursAndBitmaps) {

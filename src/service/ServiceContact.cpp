@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "contacts/ContactRecord.h"
 #include "service/LetterKeys.h"
 
 namespace {
@@ -22,25 +23,9 @@ std::u16string CollationKey(const std::u16string& name) {
 }  // namespace
 
 std::u16string ServiceContact::DisplayName() const {
-    const std::u16string& first = fields[kFieldFirst];
-    const std::u16string& middle = fields[kFieldMiddle];
-    const std::u16string& last = fields[kFieldLast];
-    std::u16string name = last;
-    if (!last.empty() && !first.empty()) {
-        name += u", ";
-        name += first;
-    } else if (last.empty()) {
-        if (!first.empty()) {
-            name = first;
-        } else {
-            return !middle.empty() ? middle : fields[kFieldCompany];
-        }
-    }
-    if (!middle.empty()) {
-        name += u' ';
-        name += middle;
-    }
-    return name;
+    Str name = ContactSortName(fields[kFieldFirst].c_str(), fields[kFieldLast].c_str(),
+                               fields[kFieldMiddle].c_str(), fields[kFieldCompany].c_str());
+    return std::u16string(name.c_str(), static_cast<size_t>(name.Length()));
 }
 
 bool DisplayOrderLess(const ServiceContact& a, const ServiceContact& b) {

@@ -24,8 +24,8 @@ struct ServiceContact {
     std::vector<ServicePhone> phones;
 
     const std::u16string& Field(NameField f) const { return fields[f]; }
-    /// The name the board shows: "Last, First Middle", or whichever parts exist (the sort-name
-    /// rule: first, else middle, else company).
+    /// The name the board shows and sorts by (ContactSortName): "Last, First Middle", or
+    /// whichever parts exist.
     std::u16string DisplayName() const;
 };
 

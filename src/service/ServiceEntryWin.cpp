@@ -66,6 +66,8 @@ __declspec(dllexport) BOOL WINAPI
     OPS_IOControl(DWORD_PTR openContext, DWORD code, BYTE* in, DWORD inSize, BYTE* out,
                   DWORD outSize, DWORD* returned) {
     ServiceInstance* instance = InstanceOf(openContext);
+    if (returned != nullptr)
+        *returned = 0;
     if (instance == nullptr)
         return FALSE;
     try {

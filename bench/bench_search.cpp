@@ -124,8 +124,10 @@ void Measure(uint32_t count) {
     KeypadLayout layout;
     layout.Load(3);  // Cyrillic with the Latin letters: every generated name is typeable
     service.SetLayout(layout);
-    service.SetContacts(GenerateAddressBook(count, 2024));
+    std::vector<ServiceContact> book = GenerateAddressBook(count, 2024);
+    // The build: ordering the contacts by display name, then indexing them.
     auto start = Clock::now();
+    service.SetContacts(std::move(book));
     service.EnsureIndex();
     double buildMs = Micros(Clock::now() - start) / 1000.0;
     std::printf(

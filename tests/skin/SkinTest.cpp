@@ -67,6 +67,12 @@ std::string ArtFile(const char* name) {
 class SkinTest : public ::testing::Test {
   protected:
     void SetUp() override { SetScreen(ComputeScreenInfo(96, 96, 240, 320)); }
+    // The button size is stored as a setting; leave the prefix's own choice in place.
+    void TearDown() override {
+        registry::KeyHolder key(registry::Open(kSettingsPath));
+        if (key)
+            registry::DeleteValue(key.get(), u"DdBigBtn");
+    }
     SkinFolder folder_;
 };
 

@@ -96,6 +96,17 @@ void StoreOptions(bool big, bool showType, bool showNumber) {
                           showNumber ? 1 : 0);
 }
 
+void ForgetStoredBoard() {
+    registry::DeleteTree(kEntriesKey);
+    registry::KeyHolder key(registry::Open(u"Software\\Orvalis\\PIM\\Settings"));
+    if (!key)
+        return;
+    for (const char16_t* name : {settings::kBigButtons.name, settings::kShowPhoneType.name,
+                                 settings::kShowDialerButton.name}) {
+        registry::DeleteValue(key.get(), name);
+    }
+}
+
 bool DemoContacts::Read(uint32_t oid, uint32_t, ContactRecord& record) {
     const StoredEntry* e = FindDemo(oid);
     if (e == nullptr)

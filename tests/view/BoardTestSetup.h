@@ -36,6 +36,8 @@ const std::vector<StoredEntry>& DemoEntries();
 void StoreEntries(const std::vector<StoredEntry>& entries);
 /// Writes the board's options to "Settings".
 void StoreOptions(bool big, bool showType, bool showNumber);
+/// Removes what StoreEntries and StoreOptions wrote, so the prefix's own board is left alone.
+void ForgetStoredBoard();
 
 /// Contacts for the test board: every oid of the demo except 0 exists, with its stored names;
 /// oid 7 has a picture.

@@ -65,6 +65,7 @@ class BoardWindowTest : public ::testing::Test {
             FreeLibrary(library_);
         SetResourceModule(nullptr);
         SetAlertHandler(previousAlert_);
+        ForgetStoredBoard();
     }
 
     BoardWindow& Open(const device::Profile& profile, bool big, bool showType, bool showNumber,

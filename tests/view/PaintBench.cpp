@@ -97,5 +97,6 @@ int main(int argc, char** argv) {
         DeleteDC(dc);
     }
     FreeLibrary(library);
+    ForgetStoredBoard();
     return 0;
 }

@@ -102,6 +102,8 @@ bool SearchService::IoControl(uint32_t code, const uint8_t* in, uint32_t inBytes
     bool repeat = cached_ && !opensSession && code == cachedCode_ &&
                   cachedRequest_.size() == inBytes &&
                   (inBytes == 0 || std::memcmp(cachedRequest_.data(), in, inBytes) == 0);
+    if (!repeat && code == search_protocol::kSearchText)
+        return TextSearch(in, inBytes, out, outBytes, returned);
     if (!repeat) {
         if (!BuildReply(code, in, inBytes, building_)) {
             cached_ = false;
@@ -123,11 +125,34 @@ bool SearchService::IoControl(uint32_t code, const uint8_t* in, uint32_t inBytes
     return true;
 }
 
+bool SearchService::TextSearch(const uint8_t* in, uint32_t inBytes, uint8_t* out, uint32_t outBytes,
+                               uint32_t* returned) {
+    size_t size = 0;
+    if (!PrepareTextSearch(in, inBytes, &size)) {
+        cached_ = false;
+        return false;
+    }
+    if (size > 0xFFFFFFFFu)
+        return false;
+    *returned = static_cast<uint32_t>(size);
+    if (out != nullptr && size <= outBytes) {
+        // It fits: written straight into the caller's buffer, nothing kept for a retry.
+        WriteTextSearch(out);
+        cached_ = false;
+        return true;
+    }
+    cachedReply_.resize(size);
+    WriteTextSearch(cachedReply_.data());
+    cached_ = true;
+    cachedCode_ = search_protocol::kSearchText;
+    cachedRequest_.assign(in, in + inBytes);
+    return false;
+}
+
+// Every request but the text search (TextSearch writes its reply in place).
 bool SearchService::BuildReply(uint32_t code, const uint8_t* in, uint32_t inBytes,
                                std::vector<uint8_t>& reply) {
     switch (code) {
-        case search_protocol::kSearchText:
-            return TextSearchReply(in, inBytes, reply);
         case search_protocol::kSearchNumber:
             return NumberSearchReply(in, inBytes, reply);
         case search_protocol::kDetails:
@@ -142,8 +167,7 @@ bool SearchService::BuildReply(uint32_t code, const uint8_t* in, uint32_t inByte
     }
 }
 
-bool SearchService::TextSearchReply(const uint8_t* in, uint32_t inBytes,
-                                    std::vector<uint8_t>& reply) {
+bool SearchService::PrepareTextSearch(const uint8_t* in, uint32_t inBytes, size_t* size) {
     if (!ValidText(in, inBytes))
         return false;
     std::u16string text = TextOf(in, inBytes);
@@ -179,16 +203,20 @@ bool SearchService::TextSearchReply(const uint8_t* in, uint32_t inBytes,
         texts_.push_back(0);
     }
     texts_.push_back(0);
-    reply.resize(4 + 4 * count + 2 * texts_.size());
-    uint32_t n = static_cast<uint32_t>(count);
-    std::memcpy(reply.data(), &n, 4);
-    uint8_t* ids = reply.data() + 4;
+    *size = 4 + 4 * count + 2 * texts_.size();
+    return true;
+}
+
+void SearchService::WriteTextSearch(uint8_t* reply) const {
+    size_t count = lastHits_.size();
+    auto n = static_cast<uint32_t>(count);
+    std::memcpy(reply, &n, 4);
+    uint8_t* ids = reply + 4;
     for (size_t i = 0; i < count; ++i) {
         uint32_t oid = index_.OidAt(lastHits_[i].position);
         std::memcpy(ids + 4 * i, &oid, 4);
     }
-    std::memcpy(reply.data() + 4 + 4 * count, texts_.data(), 2 * texts_.size());
-    return true;
+    std::memcpy(ids + 4 * count, texts_.data(), 2 * texts_.size());
 }
 
 bool SearchService::NumberSearchReply(const uint8_t* in, uint32_t inBytes,

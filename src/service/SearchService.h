@@ -58,7 +58,12 @@ class SearchService {
   private:
     bool BuildReply(uint32_t code, const uint8_t* in, uint32_t inBytes,
                     std::vector<uint8_t>& reply);
-    bool TextSearchReply(const uint8_t* in, uint32_t inBytes, std::vector<uint8_t>& reply);
+    bool TextSearch(const uint8_t* in, uint32_t inBytes, uint8_t* out, uint32_t outBytes,
+                    uint32_t* returned);
+    /// Runs a text search and lays out its texts; *size gets the reply's size.
+    bool PrepareTextSearch(const uint8_t* in, uint32_t inBytes, size_t* size);
+    /// Writes the prepared reply (count, ids, texts) to reply.
+    void WriteTextSearch(uint8_t* reply) const;
     bool NumberSearchReply(const uint8_t* in, uint32_t inBytes, std::vector<uint8_t>& reply);
     bool DetailsReply(const uint8_t* in, uint32_t inBytes, std::vector<uint8_t>& reply);
     void StringsReply(std::vector<uint8_t>& reply);

@@ -7,8 +7,9 @@ export WINEDEBUG="${WINEDEBUG:--all}"
 export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=}"
 export WINEARCH=win64
 
+dd_xvfb_pid=""
 wine_session_start() {
-    if [ -z "$DISPLAY" ]; then
+    if [ -z "${DISPLAY:-}" ]; then
         for n in 91 92 93 94 95 96 97 98 99; do
             [ -e "/tmp/.X$n-lock" ] && continue
             Xvfb ":$n" -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
@@ -32,5 +33,5 @@ wine_session_start() {
 
 wine_session_stop() {
     /usr/lib/wine/wineserver -k 2>/dev/null || true
-    if [ -n "$dd_xvfb_pid" ]; then kill "$dd_xvfb_pid" 2>/dev/null || true; fi
+    if [ -n "${dd_xvfb_pid:-}" ]; then kill "$dd_xvfb_pid" 2>/dev/null || true; fi
 }

@@ -64,9 +64,9 @@ INSTANTIATE_TEST_SUITE_P(Options, SettingsDefaultsTest,
                                          OptionCase{settings::kModPreload, u"ModPreload", 1},
                                          OptionCase{settings::kSmsEnabled, u"SmsEnabled", 1},
                                          OptionCase{settings::kD2Hack, u"D2Hack", 1}),
-                         [](const testing::TestParamInfo<OptionCase>& info) {
+                         [](const testing::TestParamInfo<OptionCase>& param_info) {
                              std::string name;
-                             for (const char16_t* c = info.param.name; *c != 0; ++c)
+                             for (const char16_t* c = param_info.param.name; *c != 0; ++c)
                                  name += static_cast<char>(*c);
                              return name;
                          });

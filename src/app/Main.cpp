@@ -12,6 +12,8 @@
 #include "base/Alert.h"
 #include "base/File.h"
 #include "base/Module.h"
+#include "contacts/ContactsPlatformWin.h"
+#include "contacts/SearchServiceClientWin.h"
 #include "platform/Shell.h"
 #include "platform/WideCast.h"
 #include "view/BoardWindow.h"
@@ -64,6 +66,9 @@ int RunMessageLoop() {
 }
 
 int RunBoard(const char16_t* commandLine) {
+    // The contacts database and the search service of this machine, before anything reads them.
+    InstallWinContactsPlatform();
+    InstallWinServiceCalls();
     BoardWindow board;
     if (RaiseRunningCopy())
         return kFailureExitCode;

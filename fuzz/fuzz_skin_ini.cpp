@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr const char16_t* kKeys[] = {u"BgrColor", u"TxtColor",  u"FontText",
+constexpr const char16_t* kKeys[] = {u"BgrColor",  u"TxtColor",   u"FontText",
                                      u"FontSmall", u"FontButton", u""};
 
 }  // namespace

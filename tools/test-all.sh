@@ -45,6 +45,17 @@ run_preset() {
     count "$log/$name-test.log"
 }
 
+echo "=== format"
+if find src tests bench fuzz tools \( -name '*.cpp' -o -name '*.h' -o -name '*.inl' \) -print0 |
+    xargs -0 clang-format --dry-run -Werror >"$log/format.log" 2>&1; then
+    echo "sources formatted as .clang-format says"
+    passed=$((passed + 1))
+else
+    grep -E "^[^ ].*: (warning|error)" "$log/format.log" | head -n 20
+    failed=$((failed + 1))
+    status=1
+fi
+
 run_preset native -j "$jobs"
 run_preset sanitize -j "$jobs"
 

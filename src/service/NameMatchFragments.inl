@@ -13,15 +13,18 @@ void AppendFragments(const ServiceContact& contact, const LetterKeys& keys, cons
     for (int w = match.word; w < wordCount && left > 0; ++w) {
         NameWord word = wordAt(w);
         const std::u16string& text = contact.fields[word.field];
-        if (w > match.word) out += u'+';
+        if (w > match.word)
+            out += u'+';
         size_t take = initials ? 1 : left;
         size_t i = word.start;
         size_t taken = 0;
         while (i < word.end && taken < take) {
-            if (keys.Mask(text[i]) != 0) ++taken;
+            if (keys.Mask(text[i]) != 0)
+                ++taken;
             ++i;
         }
-        while (i < word.end && IsCombiningMark(text[i])) ++i;
+        while (i < word.end && IsCombiningMark(text[i]))
+            ++i;
         out.append(text, word.start, i - word.start);
         left -= taken;
     }

@@ -14,6 +14,7 @@
 #include "contacts/ContactsSession.h"
 #include "contacts/MemoryContactsStore.h"
 #include "contacts/SearchServiceClient.h"
+#include "service/InProcessServiceCalls.h"
 #include "service/SearchService.h"
 
 namespace {
@@ -86,25 +87,6 @@ class BenchPlatform : public ContactsPlatform {
     Scenario scenario_;
 };
 
-// The service host's calls with the service running in this process.
-class InProcessCalls : public ServiceCalls {
-  public:
-    explicit InProcessCalls(SearchService& service) : service_(service) {}
-    void* GetServiceHandle(const char16_t*) override { return this; }
-    bool CallRegistrationExport(const char16_t*, const char*) override { return true; }
-    void* RegisterService(const char16_t*, uint32_t, const char16_t*, uint32_t) override {
-        return this;
-    }
-    bool IoControl(void*, uint32_t code, const void* in, uint32_t inBytes, void* out,
-                   uint32_t outBytes, uint32_t* returned) override {
-        return service_.IoControl(code, static_cast<const uint8_t*>(in), inBytes,
-                                  static_cast<uint8_t*>(out), outBytes, returned);
-    }
-
-  private:
-    SearchService& service_;
-};
-
 void PlantEntries(Scenario scenario) {
     registry::memory::Reset();
     registry::KeyHolder key(registry::Create(DialBoard::kKeyPath));
@@ -149,7 +131,7 @@ void BM_LoadAndRefresh(benchmark::State& state) {
     }
     service.SetContacts(std::move(serviceContacts));
     service.EnsureIndex();
-    InProcessCalls calls(service);
+    InProcessServiceCalls calls(service);
     SearchServiceClient client(calls);
     SessionContactSource contacts(&session, client);
     DialBoard board(&contacts);

@@ -60,6 +60,22 @@ class OffscreenBuffer {
     HGDIOBJ previous_ = nullptr;
 };
 
+/// Answers WM_PAINT for `window` through one off-screen bitmap of its whole client area, so
+/// nothing flickers: `paint(dc, dirty)` draws into the bitmap in client coordinates.
+template <typename PaintFn>
+void PaintBuffered(HWND window, PaintFn paint) {
+    PAINTSTRUCT ps;
+    HDC dc = BeginPaint(window, &ps);
+    RECT client;
+    GetClientRect(window, &client);
+    {
+        OffscreenBuffer buffer(dc, client);
+        paint(buffer.Dc(), ps.rcPaint);
+        buffer.Present();
+    }
+    EndPaint(window, &ps);
+}
+
 /// Fills rect with one colour (a colour reference: red in the low byte).
 void FillSolid(HDC dc, const RECT& rect, COLORREF colour);
 

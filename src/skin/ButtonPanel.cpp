@@ -156,16 +156,7 @@ LRESULT ButtonPanel::WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
 }
 
 LRESULT ButtonPanel::OnPaint() {
-    PAINTSTRUCT ps;
-    HDC dc = BeginPaint(hwnd_, &ps);
-    RECT client;
-    GetClientRect(hwnd_, &client);
-    {
-        gdi::OffscreenBuffer buffer(dc, client);
-        Paint(buffer.Dc(), ps.rcPaint);
-        buffer.Present();
-    }
-    EndPaint(hwnd_, &ps);
+    gdi::PaintBuffered(hwnd_, [this](HDC dc, const RECT& dirty) { Paint(dc, dirty); });
     return 0;
 }
 

@@ -203,17 +203,7 @@ LRESULT BoardWindow::OnDestroy() {
 
 LRESULT BoardWindow::OnPaint() {
     shell::FullScreen(hwnd_, shell::kHideSipButton);
-    PAINTSTRUCT ps;
-    HDC dc = BeginPaint(hwnd_, &ps);
-    RECT client;
-    GetClientRect(hwnd_, &client);
-    {
-        // One off-screen bitmap of the whole client area per paint: buttons never flicker.
-        gdi::OffscreenBuffer buffer(dc, client);
-        Paint(buffer.Dc(), ps.rcPaint);
-        buffer.Present();
-    }
-    EndPaint(hwnd_, &ps);
+    gdi::PaintBuffered(hwnd_, [this](HDC dc, const RECT& dirty) { Paint(dc, dirty); });
     return 0;
 }
 

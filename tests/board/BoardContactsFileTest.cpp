@@ -8,6 +8,7 @@
 
 #include "ContactsFileSource.h"
 #include "RegistryView.h"
+#include "TestCards.h"
 #include "base/FileMemory.h"
 #include "base/RegistryMemory.h"
 #include "board/DialBoard.h"
@@ -15,13 +16,6 @@
 namespace {
 
 constexpr char16_t kContactsFile[] = u"\\contacts.vcf";
-
-const char kAnna[] =
-    "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:anna-1\r\nN:Berg;Anna;Cecilia;;\r\nORG:Dune\r\n"
-    "TEL;TYPE=CELL:+46 70 111 22 33\r\nTEL;TYPE=WORK:+46 8 444 55 66\r\nEND:VCARD\r\n";
-const char kBo[] =
-    "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:bo-1\r\nN:Ek;Bo;;;\r\nTEL;TYPE=HOME:+46 31 777 88 99\r\n"
-    "END:VCARD\r\n";
 
 class BoardContactsFileTest : public testing::Test {
   protected:

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+#include "TestCards.h"
 #include "base/Registry.h"
 #include "board/DialBoard.h"
 #include "board/SessionContactSource.h"
@@ -20,13 +21,6 @@
 namespace {
 
 constexpr char16_t kSettingsPath[] = u"Software\\Orvalis\\PIM\\Settings";
-
-const char kAnna[] =
-    "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:anna-1\r\nN:Berg;Anna;Cecilia;;\r\nORG:Dune\r\n"
-    "TEL;TYPE=CELL:+46 70 111 22 33\r\nTEL;TYPE=WORK:+46 8 444 55 66\r\nEND:VCARD\r\n";
-const char kBo[] =
-    "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:bo-1\r\nN:Ek;Bo;;;\r\nTEL;TYPE=HOME:+46 31 777 88 99\r\n"
-    "END:VCARD\r\n";
 
 std::u16string TempFile() {
     wchar_t dir[MAX_PATH];

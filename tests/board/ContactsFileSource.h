@@ -11,6 +11,7 @@
 #include "contacts/ContactsSession.h"
 #include "contacts/SearchServiceClient.h"
 #include "contacts/VCardContactsStore.h"
+#include "service/InProcessServiceCalls.h"
 #include "service/SearchService.h"
 
 class ContactsFileSource {
@@ -48,7 +49,7 @@ class ContactsFileSource {
     /// The client the board's source searches with.
     SearchServiceClient& Client() { return client_; }
     /// How many number searches the service answered.
-    int NumberSearches() const { return calls_.numberSearches; }
+    int NumberSearches() const { return calls_.NumberSearches(); }
 
   private:
     class FilePlatform : public ContactsPlatform {
@@ -62,34 +63,10 @@ class ContactsFileSource {
         Str path_;
     };
 
-    // The service host's calls, with the service always running in this process.
-    class InProcessCalls : public ServiceCalls {
-      public:
-        explicit InProcessCalls(SearchService& service) : service_(service) {}
-        void* GetServiceHandle(const char16_t*) override { return this; }
-        bool CallRegistrationExport(const char16_t*, const char*) override { return true; }
-        void* RegisterService(const char16_t*, uint32_t, const char16_t*, uint32_t) override {
-            return this;
-        }
-        bool IoControl(void* service, uint32_t code, const void* in, uint32_t inBytes, void* out,
-                       uint32_t outBytes, uint32_t* returned) override {
-            if (service != this)
-                return false;
-            if (code == search_service::kSearchNumber)
-                ++numberSearches;
-            return service_.IoControl(code, static_cast<const uint8_t*>(in), inBytes,
-                                      static_cast<uint8_t*>(out), outBytes, returned);
-        }
-        int numberSearches = 0;
-
-      private:
-        SearchService& service_;
-    };
-
     FilePlatform platform_;
     ContactsSession session_;
     SearchService service_;
-    InProcessCalls calls_{service_};
+    InProcessServiceCalls calls_{service_};
     SearchServiceClient client_{calls_};
     SessionContactSource source_{&session_, client_};
 };

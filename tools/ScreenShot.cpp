@@ -93,14 +93,9 @@ RECT ClientOnScreen(HWND window) {
     return client;
 }
 
-bool CaptureScreen(const RECT& area, Image& out) {
-    int width = area.right - area.left;
-    int height = area.bottom - area.top;
+Canvas::Canvas(int width, int height) : width_(width), height_(height) {
     if (width <= 0 || height <= 0)
-        return false;
-    HDC screen = GetDC(nullptr);
-    if (screen == nullptr)
-        return false;
+        return;
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof(info.bmiHeader);
     info.bmiHeader.biWidth = width;
@@ -108,27 +103,47 @@ bool CaptureScreen(const RECT& area, Image& out) {
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
     info.bmiHeader.biCompression = BI_RGB;
-    void* bits = nullptr;
-    HBITMAP section = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    HDC memory = CreateCompatibleDC(screen);
-    bool copied = false;
-    if (section != nullptr && memory != nullptr) {
-        HGDIOBJ previous = SelectObject(memory, section);
-        copied = BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY) != 0;
-        GdiFlush();
-        SelectObject(memory, previous);
+    bitmap_ = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits_, nullptr, 0);
+    if (bitmap_ == nullptr)
+        return;
+    dc_ = CreateCompatibleDC(nullptr);
+    if (dc_ != nullptr)
+        previous_ = SelectObject(dc_, bitmap_);
+}
+
+Canvas::~Canvas() {
+    if (dc_ != nullptr) {
+        SelectObject(dc_, previous_);
+        DeleteDC(dc_);
     }
-    if (copied) {
-        const auto* first = static_cast<const uint32_t*>(bits);
-        out.width = width;
-        out.height = height;
-        out.pixels.assign(first, first + static_cast<size_t>(width) * static_cast<size_t>(height));
-    }
-    if (memory != nullptr)
-        DeleteDC(memory);
-    if (section != nullptr)
-        DeleteObject(section);
+    if (bitmap_ != nullptr)
+        DeleteObject(bitmap_);
+}
+
+Image Canvas::Snapshot() const {
+    Image image;
+    if (dc_ == nullptr)
+        return image;
+    GdiFlush();
+    const auto* first = static_cast<const uint32_t*>(bits_);
+    image.width = width_;
+    image.height = height_;
+    image.pixels.assign(first, first + static_cast<size_t>(width_) * static_cast<size_t>(height_));
+    return image;
+}
+
+bool CaptureScreen(const RECT& area, Image& out) {
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    Canvas canvas(width, height);
+    HDC screen = GetDC(nullptr);
+    if (screen == nullptr)
+        return false;
+    const bool copied = canvas.Dc() != nullptr && BitBlt(canvas.Dc(), 0, 0, width, height, screen,
+                                                         area.left, area.top, SRCCOPY) != 0;
     ReleaseDC(nullptr, screen);
+    if (copied)
+        out = canvas.Snapshot();
     return copied;
 }
 

@@ -18,6 +18,27 @@ struct Image {
     COLORREF At(int x, int y) const;
 };
 
+/// A 32-bit top-down bitmap selected into its own memory device context: draw into Dc(), then
+/// read the pixels back. When no bitmap can be made, Dc() is null and Snapshot() is empty.
+class Canvas {
+  public:
+    Canvas(int width, int height);
+    ~Canvas();
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+    HDC Dc() const { return dc_; }
+    /// The pixels drawn so far.
+    Image Snapshot() const;
+
+  private:
+    int width_;
+    int height_;
+    HDC dc_ = nullptr;
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ previous_ = nullptr;
+    void* bits_ = nullptr;
+};
+
 /// The window's client area in screen coordinates.
 RECT ClientOnScreen(HWND window);
 /// Captures a screen rectangle; false when the screen cannot be read.

@@ -2,6 +2,7 @@
 // A fresh folder for one test's files, removed afterwards; the native file seam is rooted there.
 
 #include <filesystem>
+#include <random>
 #include <string>
 
 #include "base/FileMemory.h"
@@ -9,10 +10,12 @@
 class TempDir {
   public:
     TempDir() {
-        path_ = std::filesystem::temp_directory_path() /
-                ("dd-test-" + std::to_string(reinterpret_cast<uintptr_t>(this)) + "-" +
-                 std::to_string(counter_++));
-        std::filesystem::create_directories(path_);
+        // Tests run side by side in separate processes: a folder is ours only when we made it.
+        std::random_device entropy;
+        do {
+            path_ =
+                std::filesystem::temp_directory_path() / ("dd-test-" + std::to_string(entropy()));
+        } while (!std::filesystem::create_directory(path_));
         file::SetRoot(path_.string());
     }
     ~TempDir() {
@@ -26,5 +29,4 @@ class TempDir {
 
   private:
     std::filesystem::path path_;
-    static inline int counter_ = 0;
 };

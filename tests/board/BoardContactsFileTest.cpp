@@ -8,6 +8,7 @@
 
 #include "ContactsFileSource.h"
 #include "RegistryView.h"
+#include "TempDir.h"
 #include "TestCards.h"
 #include "base/FileMemory.h"
 #include "base/RegistryMemory.h"
@@ -19,22 +20,11 @@ constexpr char16_t kContactsFile[] = u"\\contacts.vcf";
 
 class BoardContactsFileTest : public testing::Test {
   protected:
-    void SetUp() override {
-        registry::memory::Reset();
-        dir_ = std::filesystem::temp_directory_path() /
-               ("board-contacts-" + std::to_string(reinterpret_cast<uintptr_t>(this)));
-        std::filesystem::create_directories(dir_);
-        file::SetRoot(dir_.string());
-    }
-    void TearDown() override {
-        file::SetRoot(".");
-        std::error_code ignored;
-        std::filesystem::remove_all(dir_, ignored);
-        registry::memory::Reset();
-    }
+    void SetUp() override { registry::memory::Reset(); }
+    void TearDown() override { registry::memory::Reset(); }
 
     void WriteContacts(const std::string& text) {
-        std::ofstream out(dir_ / "contacts.vcf", std::ios::binary | std::ios::trunc);
+        std::ofstream out(dir_.Path() / "contacts.vcf", std::ios::binary | std::ios::trunc);
         out << text;
     }
 
@@ -58,7 +48,7 @@ class BoardContactsFileTest : public testing::Test {
         return oids.IsEmpty() ? 0 : oids[0];
     }
 
-    std::filesystem::path dir_;
+    TempDir dir_;
 };
 
 TEST_F(BoardContactsFileTest, AssignedButtonTakesTheContactFromTheFile) {
@@ -159,7 +149,7 @@ TEST_F(BoardContactsFileTest, MissingFileLeavesButtonsDialableByTheirNumber) {
         auto first = StartProgram();
         ASSERT_TRUE(first->board.Assign(0, AnnasOid(*first), u"+46 70 111 22 33", u"Mobile", 0));
     }
-    std::filesystem::remove(dir_ / "contacts.vcf");
+    std::filesystem::remove(dir_.Path() / "contacts.vcf");
     auto second = StartProgram();
     ASSERT_EQ(second->board.Count(), 1);
     EXPECT_EQ(second->board.EntryAt(0).oid, 0u);

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "TempDir.h"
 #include "TestBytes.h"
 #include "base/FileMemory.h"
 #include "base/ModuleMemory.h"
@@ -52,21 +53,13 @@ void SetContactsFileSetting(const char16_t* value) {
 class VCardContactsStoreTest : public ::testing::Test {
   protected:
     void SetUp() override {
-        directory_ = std::filesystem::current_path() / "vcard-store-test";
-        std::filesystem::remove_all(directory_);
-        std::filesystem::create_directories(directory_);
-        file::SetRoot(directory_.string());
         registry::memory::Reset();
         module_memory::Reset();
-    }
-    void TearDown() override {
-        file::SetRoot(".");
-        std::filesystem::remove_all(directory_);
     }
 
     /// Writes the file and moves its time stamp on, as a save by another program does.
     void Write(const std::string& text) {
-        std::filesystem::path path = directory_ / "contacts.vcf";
+        std::filesystem::path path = directory_.Path() / "contacts.vcf";
         bool existed = std::filesystem::exists(path);
         auto before = existed ? std::filesystem::last_write_time(path)
                               : std::filesystem::file_time_type::clock::now();
@@ -74,7 +67,7 @@ class VCardContactsStoreTest : public ::testing::Test {
         std::filesystem::last_write_time(path, before + std::chrono::seconds(++saves_));
     }
 
-    std::filesystem::path directory_;
+    TempDir directory_;
     int saves_ = 0;
 };
 
@@ -152,7 +145,7 @@ TEST_F(VCardContactsStoreTest, ChangesOnDiskPostExactlyTheirNotices) {
     store.Refresh();
     EXPECT_TRUE(log.notices.empty());  // saved again unchanged
 
-    std::filesystem::remove(directory_ / "contacts.vcf");
+    std::filesystem::remove(directory_.Path() / "contacts.vcf");
     store.Refresh();
     EXPECT_EQ(log.notices.size(), 3u);
     store.EnumerateOids(now);

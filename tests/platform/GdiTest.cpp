@@ -4,41 +4,19 @@
 
 #include <cstdint>
 
+#include "ScreenShot.h"
+
 namespace {
 
-// A 32-bit top-down DIB section selected into a memory DC, readable pixel by pixel.
+// A drawing surface whose pixels the tests read back one at a time.
 class Surface {
   public:
-    Surface(int width, int height) : width_(width) {
-        BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof(info.bmiHeader);
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = -height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        info.bmiHeader.biCompression = BI_RGB;
-        dc_ = CreateCompatibleDC(nullptr);
-        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits_, nullptr, 0);
-        previous_ = SelectObject(dc_, bitmap_);
-    }
-    ~Surface() {
-        SelectObject(dc_, previous_);
-        DeleteObject(bitmap_);
-        DeleteDC(dc_);
-    }
-    HDC dc() const { return dc_; }
-    COLORREF At(int x, int y) const {
-        GdiFlush();
-        uint32_t bgr = static_cast<const uint32_t*>(bits_)[y * width_ + x];
-        return RGB((bgr >> 16) & 0xFF, (bgr >> 8) & 0xFF, bgr & 0xFF);
-    }
+    Surface(int width, int height) : canvas_(width, height) {}
+    HDC dc() const { return canvas_.Dc(); }
+    COLORREF At(int x, int y) const { return canvas_.Snapshot().At(x, y); }
 
   private:
-    int width_;
-    HDC dc_;
-    HBITMAP bitmap_;
-    void* bits_ = nullptr;
-    HGDIOBJ previous_;
+    shot::Canvas canvas_;
 };
 
 constexpr COLORREF kRed = RGB(255, 0, 0);

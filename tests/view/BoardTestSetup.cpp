@@ -147,23 +147,8 @@ void UseSkinFolder(const std::wstring& folder) {
 shot::Image RenderBoard(BoardWindow& board) {
     RECT client{};
     GetClientRect(board.Hwnd(), &client);
-    shot::Image image;
-    image.width = client.right;
-    image.height = client.bottom;
-    image.pixels.assign(static_cast<size_t>(image.width) * image.height, 0);
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-    info.bmiHeader.biWidth = image.width;
-    info.bmiHeader.biHeight = -image.height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-    void* bits = nullptr;
-    HDC screen = GetDC(nullptr);
-    HDC dc = CreateCompatibleDC(screen);
-    HBITMAP dib = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    ReleaseDC(nullptr, screen);
-    HGDIOBJ old = SelectObject(dc, dib);
+    shot::Canvas canvas(client.right, client.bottom);
+    HDC dc = canvas.Dc();
     board.Paint(dc, client);
     if (ButtonPanel* panel = board.Panel()) {
         RECT at{};
@@ -175,12 +160,7 @@ shot::Image RenderBoard(BoardWindow& board) {
         panel->Paint(dc, panelClient);
         SetViewportOrgEx(dc, 0, 0, nullptr);
     }
-    GdiFlush();
-    std::memcpy(image.pixels.data(), bits, image.pixels.size() * sizeof(uint32_t));
-    SelectObject(dc, old);
-    DeleteObject(dib);
-    DeleteDC(dc);
-    return image;
+    return canvas.Snapshot();
 }
 
 std::wstring SaveShot(const shot::Image& image, const std::wstring& name) {

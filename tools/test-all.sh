@@ -41,7 +41,7 @@ run_preset() {
     fi
     echo "=== $name: test"
     shift
-    ctest --preset "$name" "$@" 2>&1 | tee "$log/$name-test.log" | grep -E "Failed|Not Run|Timeout|tests passed" || true
+    ctest --preset "$name" "$@" 2>&1 | tee "$log/$name-test.log" | grep -E '[*]{3}|tests passed|^[[:space:]]+[0-9]+ - ' || true
     count "$log/$name-test.log"
 }
 

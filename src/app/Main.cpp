@@ -32,7 +32,7 @@ bool RaiseRunningCopy() {
         return false;
     DWORD style = static_cast<DWORD>(GetWindowLongW(running, GWL_STYLE));
     SetWindowLongW(running, GWL_STYLE, static_cast<LONG>(style & ~kHiddenMarker));
-    shell::SetForegroundWithOwned(running);
+    shell::SetForeground(shell::WithOwnedWindows(running));
     return true;
 }
 

@@ -57,9 +57,13 @@ bool SipShowIM(DWORD flags);
 /// Fills info for action kSipInfoQuery. Desktop: there is no input panel to report; false.
 bool QuerySipInfo(UINT action, UINT param, SipInfo* info);
 
-/// Brings a window to the front together with the windows it owns. The device asks for this
-/// with the handle's lowest bit set; desktop Windows raises owned windows with their owner and
-/// takes the handle as it is.
-bool SetForegroundWithOwned(HWND window);
+/// The handle that asks SetForeground for a window together with the windows it owns: the
+/// window's handle with its lowest bit set.
+HWND WithOwnedWindows(HWND window);
+
+/// Brings a window to the front. A handle with its lowest bit set (WithOwnedWindows) brings the
+/// windows it owns along; desktop Windows raises owned windows with their owner anyway, so the
+/// stand-in clears the bit and raises the window.
+bool SetForeground(HWND window);
 
 }  // namespace shell

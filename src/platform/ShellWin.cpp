@@ -1,5 +1,7 @@
 #include "platform/Shell.h"
 
+#include <cstdint>
+
 namespace shell {
 
 bool CreateMenuBar(MenuBarInfo* info) {
@@ -24,8 +26,13 @@ bool QuerySipInfo(UINT, UINT, SipInfo*) {
     return false;
 }
 
-bool SetForegroundWithOwned(HWND window) {
-    return SetForegroundWindow(window) != FALSE;
+HWND WithOwnedWindows(HWND window) {
+    return reinterpret_cast<HWND>(reinterpret_cast<uintptr_t>(window) | 1);
+}
+
+bool SetForeground(HWND window) {
+    const auto plain = reinterpret_cast<uintptr_t>(window) & ~static_cast<uintptr_t>(1);
+    return SetForegroundWindow(reinterpret_cast<HWND>(plain)) != FALSE;
 }
 
 }  // namespace shell

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 namespace {
 
 class ShellTest : public ::testing::Test {
@@ -54,8 +56,24 @@ TEST_F(ShellTest, ShellValuesAreTheDevicesOwn) {
     EXPECT_EQ(shell::kSipInfoChanged, 224u);
 }
 
-TEST_F(ShellTest, ForegroundTakesThePlainHandle) {
-    EXPECT_TRUE(shell::SetForegroundWithOwned(window_));
+TEST_F(ShellTest, TheOwnedWindowsHandleHasItsLowestBitSet) {
+    const auto plain = reinterpret_cast<uintptr_t>(window_);
+    EXPECT_EQ(reinterpret_cast<uintptr_t>(shell::WithOwnedWindows(window_)), plain | 1);
+}
+
+TEST_F(ShellTest, ForegroundRaisesTheWindowOfAHandleWithItsLowestBitSet) {
+    HWND other = CreateWindowExW(0, L"STATIC", L"other", WS_POPUP | WS_VISIBLE, 0, 0, 10, 10,
+                                 nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(other, nullptr);
+    ASSERT_TRUE(shell::SetForeground(other));
+    ASSERT_EQ(GetForegroundWindow(), other);
+    EXPECT_TRUE(shell::SetForeground(shell::WithOwnedWindows(window_)));
+    EXPECT_EQ(GetForegroundWindow(), window_);
+    DestroyWindow(other);
+}
+
+TEST_F(ShellTest, ForegroundTakesThePlainHandleToo) {
+    EXPECT_TRUE(shell::SetForeground(window_));
     EXPECT_EQ(GetForegroundWindow(), window_);
 }
 

@@ -25,6 +25,7 @@ function(dd_add_test name)
     target_compile_definitions(${name} PRIVATE DD_FIXTURES="${PROJECT_SOURCE_DIR}/tests/fixtures")
     gtest_discover_tests(${name}
         DISCOVERY_MODE PRE_TEST
+        NO_PRETTY_VALUES
         DISCOVERY_TIMEOUT 120
         PROPERTIES TIMEOUT ${ARG_TIMEOUT})
 endfunction()

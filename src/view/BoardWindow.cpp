@@ -87,7 +87,6 @@ bool BoardWindow::CreateFrame() {
         settings::WriteNumber(settings::kSettingsKey, settings::kCreatingHidden, 0);
     if (hwnd_ == nullptr)
         return false;
-    RemoveDesktopFrame();
     if (preload_)
         ShowWindow(hwnd_, SW_HIDE);
     return true;
@@ -189,6 +188,8 @@ LRESULT BoardWindow::WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
 }
 
 LRESULT BoardWindow::OnCreate() {
+    // Before the window first shows, so no caption ever flashes on screen.
+    RemoveDesktopFrame();
     if (preload_)
         ShowWindow(hwnd_, SW_HIDE);
     return 0;

@@ -8,6 +8,7 @@
 #include "app/ResourcePlace.h"
 #include "app/ScreenDevice.h"
 #include "app/ScreenInfo.h"
+#include "app/ScreenRotation.h"
 #include "app/StartupRules.h"
 #include "base/Alert.h"
 #include "base/File.h"
@@ -59,6 +60,10 @@ bool OpenResources(ResourcePlace& place) {
 int RunMessageLoop() {
     MSG msg{};
     while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
+        if (IsRotationKey(msg)) {
+            RotateScreen();
+            continue;
+        }
         TranslateMessage(&msg);
         DispatchMessageW(&msg);
     }

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+#include "app/ScreenRotation.h"
 #include "app/WndBase.h"
 #include "board/DialBoard.h"
 #include "board/SessionContactSource.h"
@@ -26,8 +27,6 @@ constexpr COLORREF kBoardDefaultBackground = 0x50463B;
 constexpr WPARAM kForcedCloseCode = 100;
 /// Menu resource of the board's two soft keys, in the program's own module.
 constexpr UINT kSoftKeyMenuId = 122;
-/// WM_SETTINGCHANGE's wParam when the screen was rotated or reset.
-constexpr WPARAM kScreenChangedNotice = 0x3002;
 
 class BoardWindow : public WndBase {
   public:

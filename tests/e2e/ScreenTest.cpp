@@ -84,4 +84,46 @@ INSTANTIATE_TEST_SUITE_P(
                       ScreenCase{L"320x320@96", L"e2e-board-320x320.png", {0, 26, 320, 320}},
                       ScreenCase{L"480x800@192", L"e2e-board-480x800.png", {0, 52, 480, 800}}));
 
+bool WaitForRect(HWND window, const RECT& wanted, RECT& at) {
+    DWORD start = GetTickCount();
+    for (;;) {
+        if (GetWindowRect(window, &at) && EqualRect(&at, &wanted))
+            return true;
+        if (GetTickCount() - start >= e2e::kStepTimeoutMs)
+            return false;
+        Sleep(100);
+    }
+}
+
+TEST(BoardRotation, TheRotationKeyTurnsTheBoardAndPutsThePanelOnTheRight) {
+    e2e::CleanRegistry();
+    Sandbox sandbox(Contents{.normalLibrary = true, .vgaLibrary = true});
+    Process process = sandbox.Start(L"", L"240x320@96");
+    HWND board = e2e::WaitForWindowOf(process, e2e::kBoardClass, nullptr, true);
+    ASSERT_NE(board, nullptr);
+    ASSERT_TRUE(process.WaitIdle());
+
+    PostMessageW(board, WM_KEYDOWN, VK_F9, 0);
+    const RECT landscape{0, 26, 320, 240};
+    RECT at{};
+    EXPECT_TRUE(WaitForRect(board, landscape, at))
+        << at.left << "," << at.top << " " << at.right << "," << at.bottom;
+    HWND panel = FindWindowExW(board, nullptr, nullptr, nullptr);
+    ASSERT_NE(panel, nullptr);
+    RECT panelAt{};
+    GetWindowRect(panel, &panelAt);
+    EXPECT_EQ(panelAt.right, landscape.right);
+    EXPECT_GT(panelAt.left, landscape.right / 2);
+    EXPECT_EQ(panelAt.bottom - panelAt.top, landscape.bottom - landscape.top);
+
+    shot::Image image;
+    EXPECT_TRUE(WaitForBackground(board, image));
+    EXPECT_EQ(image.width, 320);
+    EXPECT_TRUE(shot::SavePng(image, e2e::ScreenshotPath(L"e2e-board-240x320-turned.png").c_str()));
+
+    PostMessageW(board, WM_CLOSE, 100, 0);
+    EXPECT_EQ(process.WaitExit(e2e::kStepTimeoutMs), 0u);
+    e2e::CleanRegistry();
+}
+
 }  // namespace

@@ -12,7 +12,15 @@ root=$(cd "$here/.." && pwd)
 build="${DD_BUILD_DIR:-$root/build/windows}"
 export DD_WINEPREFIX="${DD_WINEPREFIX:-$root/build/wineprefix-demo}"
 
-"$here/deps.sh"
+# Runs this script under one display: the caller's, or a virtual one it starts again under.
+if [ -z "${DD_RUN_BOARD_VIRTUAL:-}" ]; then
+    "$here/deps.sh"
+    if [ -z "${DISPLAY:-}" ]; then
+        export DD_RUN_BOARD_VIRTUAL=1
+        exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
+    fi
+fi
+
 if [ ! -f "$build/CMakeCache.txt" ]; then
     (cd "$root" && cmake --preset windows -B "$build" >/dev/null)
 fi
@@ -20,12 +28,6 @@ cmake --build "$build" --target Dialdeck DialdeckRes DialdeckResVga ddshot -j "$
 
 # A contacts file already beside the program is kept unless the demo one is newer.
 cp -u "$root/demo/Contacts.vcf" "$build/bin/Contacts.vcf"
-
-# Runs the rest of this script under one display: the caller's, or a virtual one.
-if [ -z "${DISPLAY:-}" ] && [ -z "${DD_RUN_BOARD_VIRTUAL:-}" ]; then
-    export DD_RUN_BOARD_VIRTUAL=1
-    exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
-fi
 
 if ! "$here/wine-exec" reg query 'HKCU\Software\Orvalis\PIM\Dialdeck' >/dev/null 2>&1; then
     echo "Storing the demo board in $DD_WINEPREFIX"

@@ -6,7 +6,6 @@ namespace e2e {
 namespace {
 
 constexpr wchar_t kSettingsPath[] = L"Software\\Orvalis\\PIM\\Settings";
-constexpr DWORD kPollMs = 50;
 
 // A build path (a host path under Wine's Z: drive) as a Windows path.
 std::wstring HostToWindows(const char* hostPath) {
@@ -176,14 +175,16 @@ std::optional<DWORD> ReadSetting(const wchar_t* name) {
 
 HWND WaitForWindowOf(const Process& process, const wchar_t* windowClass, const wchar_t* title,
                      bool visibleOnly, DWORD timeoutMs) {
-    DWORD start = GetTickCount();
-    for (;;) {
-        Search search{process.Id(), windowClass, title, visibleOnly, nullptr};
-        EnumWindows(MatchWindow, reinterpret_cast<LPARAM>(&search));
-        if (search.found != nullptr || GetTickCount() - start >= timeoutMs)
-            return search.found;
-        Sleep(kPollMs);
-    }
+    HWND found = nullptr;
+    WaitUntil(
+        [&] {
+            Search search{process.Id(), windowClass, title, visibleOnly, nullptr};
+            EnumWindows(MatchWindow, reinterpret_cast<LPARAM>(&search));
+            found = search.found;
+            return found != nullptr;
+        },
+        timeoutMs);
+    return found;
 }
 
 std::vector<HWND> WindowsOfClass(const wchar_t* windowClass) {

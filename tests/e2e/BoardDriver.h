@@ -17,6 +17,21 @@ constexpr wchar_t kBoardClass[] = L"Orvalis_Dialdeck_Wnd_Class";
 constexpr wchar_t kErrorCaption[] = L"Error";
 /// How long a step may take before the test gives up on it.
 constexpr DWORD kStepTimeoutMs = 20000;
+/// How often a waiting step looks again.
+constexpr DWORD kPollMs = 50;
+
+/// Asks `done()` until it is true (then true) or `timeoutMs` has passed (then false).
+template <typename Condition>
+bool WaitUntil(Condition done, DWORD timeoutMs = kStepTimeoutMs) {
+    const DWORD start = GetTickCount();
+    for (;;) {
+        if (done())
+            return true;
+        if (GetTickCount() - start >= timeoutMs)
+            return false;
+        Sleep(kPollMs);
+    }
+}
 
 /// What the sandbox holds beside the program.
 struct Contents {

@@ -36,14 +36,8 @@ COLORREF Corner(const shot::Image& image) {
 
 // Waits until the board's painting has reached the screen.
 bool WaitForBackground(HWND board, shot::Image& image) {
-    DWORD start = GetTickCount();
-    for (;;) {
-        if (shot::CaptureClient(board, image) && Corner(image) == kBackground)
-            return true;
-        if (GetTickCount() - start >= e2e::kStepTimeoutMs)
-            return false;
-        Sleep(100);
-    }
+    return e2e::WaitUntil(
+        [&] { return shot::CaptureClient(board, image) && Corner(image) == kBackground; });
 }
 
 TEST_P(BoardScreen, ClientAreaIsTheEmulatedWorkArea) {
@@ -85,14 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
                       ScreenCase{L"480x800@192", L"e2e-board-480x800.png", {0, 52, 480, 800}}));
 
 bool WaitForRect(HWND window, const RECT& wanted, RECT& at) {
-    DWORD start = GetTickCount();
-    for (;;) {
-        if (GetWindowRect(window, &at) && EqualRect(&at, &wanted))
-            return true;
-        if (GetTickCount() - start >= e2e::kStepTimeoutMs)
-            return false;
-        Sleep(100);
-    }
+    return e2e::WaitUntil([&] { return GetWindowRect(window, &at) && EqualRect(&at, &wanted); });
 }
 
 TEST(BoardRotation, TheRotationKeyTurnsTheBoardAndPutsThePanelOnTheRight) {

@@ -27,7 +27,7 @@ void BM_LayoutEveryProfile(benchmark::State& state) {
             const bool landscape = IsLandscape(p.width, p.height);
             const int bar = (26 * p.dpi + 48) / 96;
             PanelPlacement placed =
-                PlacePanel(Box{0, 0, p.width, p.height - bar}, landscape, 50 * k, 34 * k);
+                PlacePanel(Rect{0, 0, p.width, p.height - bar}, landscape, 50 * k, 34 * k);
             g.Layout(placed.usableWidth, placed.usableHeight, 74 * k, 80 * k, 40);
             benchmark::DoNotOptimize(g.Cell(0));
         }
@@ -41,7 +41,7 @@ void BM_PaintGeometry480x640(benchmark::State& state) {
     g.Layout(480, 520, 148, 160, 40);
     for (auto _ : state) {
         for (int p = 0; p < g.PerPage(); ++p) {
-            const Box& cell = g.Cell(p);
+            const Rect& cell = g.Cell(p);
             benchmark::DoNotOptimize(NameBox(cell, 192, 192, 19));
             benchmark::DoNotOptimize(LabelOrigin(cell, 56, 19, 192));
             benchmark::DoNotOptimize(NumberTextBox(NumberFrameBox(cell, 44, 36), 17, 192));

@@ -5,10 +5,10 @@
 
 #include <commctrl.h>
 
-#include "app/ResourcePlace.h"
+#include "base/ResourcePlace.h"
 #include "app/ScreenDevice.h"
-#include "app/ScreenInfo.h"
-#include "app/ScreenRotation.h"
+#include "base/ScreenInfo.h"
+#include "win/ScreenRotation.h"
 #include "app/StartupRules.h"
 #include "base/Alert.h"
 #include "base/File.h"
@@ -16,7 +16,7 @@
 #include "contacts/ContactsPlatformWin.h"
 #include "contacts/SearchServiceClientWin.h"
 #include "platform/Shell.h"
-#include "platform/WideCast.h"
+#include "win/WideCast.h"
 #include "view/BoardWindow.h"
 
 namespace {

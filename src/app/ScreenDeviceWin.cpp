@@ -1,6 +1,6 @@
 #include "app/ScreenDevice.h"
 
-#include "app/ScreenInfo.h"
+#include "base/ScreenInfo.h"
 #include "platform/DeviceScreen.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/File.h"
-#include "platform/WideCast.h"
+#include "win/WideCast.h"
 
 namespace file {
 namespace {

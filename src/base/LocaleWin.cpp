@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "base/Locale.h"
-#include "platform/WideCast.h"
+#include "win/WideCast.h"
 
 namespace locale_text {
 namespace {

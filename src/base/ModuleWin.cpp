@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "base/Module.h"
-#include "platform/WideCast.h"
+#include "win/WideCast.h"
 
 ModuleHandle ProgramModule() {
     return GetModuleHandleW(nullptr);

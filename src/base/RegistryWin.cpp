@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "base/Registry.h"
-#include "platform/WideCast.h"
+#include "win/WideCast.h"
 
 namespace registry {
 namespace {

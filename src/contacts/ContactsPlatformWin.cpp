@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "app/WndBase.h"
+#include "win/WndBase.h"
 #include "contacts/Photos.h"
 #include "contacts/VCardContactsStore.h"
-#include "platform/WideCast.h"
+#include "win/WideCast.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "platform/ServiceHost.h"
-#include "platform/WideCast.h"
+#include "win/WideCast.h"
 
 namespace {
 

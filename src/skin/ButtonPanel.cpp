@@ -2,11 +2,12 @@
 
 #include <windowsx.h>
 
-#include "app/ScreenInfo.h"
+#include "base/ScreenInfo.h"
 #include "platform/DeviceScreen.h"
-#include "platform/Gdi.h"
-#include "platform/WideCast.h"
 #include "skin/Skin.h"
+#include "win/Gdi.h"
+#include "win/RectConvert.h"
+#include "win/WideCast.h"
 
 namespace {
 
@@ -23,13 +24,6 @@ constexpr PanelImages kLandscapeImages{skin_bitmap::kLandscapePanel1, u"l_panel_
                                        skin_bitmap::kLandscapePanel2, u"l_panel_2"};
 /// The caption's bottom stands this far (design pixels) above the button's bottom.
 constexpr int kCaptionLift = 2;
-
-PanelRect ToPanelRect(const RECT& r) {
-    return PanelRect{r.left, r.top, r.right, r.bottom};
-}
-RECT ToRect(const PanelRect& r) {
-    return RECT{r.left, r.top, r.right, r.bottom};
-}
 
 }  // namespace
 
@@ -95,7 +89,7 @@ void ButtonPanel::GetButtonRect(int index, RECT& rect) const {
     PanelButtonArt art[4];
     for (int i = 0; i < 4; ++i)
         art[i] = buttons_[i].art;
-    rect = ToRect(PanelButtonRect(index, ToPanelRect(client), landscape_, art));
+    rect = ToRECT(PanelButtonRect(index, FromRECT(client), landscape_, art));
 }
 
 void ButtonPanel::Paint(HDC dc, const RECT& clip) {
@@ -120,7 +114,7 @@ void ButtonPanel::DrawButton(HDC dc, HDC source, int index) {
     const PanelButton& b = buttons_[index];
     RECT r{};
     GetButtonRect(index, r);
-    const PanelPoint at = PanelSourcePoint(b.art, b.pressed, b.enabled);
+    const Point at = PanelSourcePoint(b.art, b.pressed, b.enabled);
     HBITMAP image = index < 2 ? first_ : second_;
     if (image != nullptr) {
         gdi::Selection selection(source, image);
@@ -164,7 +158,7 @@ int ButtonPanel::HitTest(int x, int y) const {
     for (int i = 0; i < 4; ++i) {
         RECT r{};
         GetButtonRect(i, r);
-        if (ToPanelRect(r).Contains(x, y))
+        if (FromRECT(r).Contains(x, y))
             return i;
     }
     return -1;
@@ -192,7 +186,7 @@ LRESULT ButtonPanel::OnMouseMove(int x, int y) {
         return 0;
     RECT r{};
     GetButtonRect(pressedButton_, r);
-    const bool inside = ToPanelRect(r).Contains(x, y);
+    const bool inside = FromRECT(r).Contains(x, y);
     if (inside != buttons_[pressedButton_].pressed)
         SetPressed(pressedButton_, inside);
     return 0;
@@ -208,7 +202,7 @@ LRESULT ButtonPanel::OnLButtonUp(int x, int y) {
     SetPressed(index, false);
     RECT r{};
     GetButtonRect(index, r);
-    if (ToPanelRect(r).Contains(x, y)) {
+    if (FromRECT(r).Contains(x, y)) {
         SendMessageW(GetParent(hwnd_), WM_COMMAND, buttons_[index].command, 0);
     }
     pressedButton_ = -1;

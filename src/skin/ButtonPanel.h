@@ -6,9 +6,9 @@
 
 #include <windows.h>
 
-#include "app/WndBase.h"
 #include "base/Str.h"
 #include "skin/PanelGeometry.h"
+#include "win/WndBase.h"
 
 class Skin;
 

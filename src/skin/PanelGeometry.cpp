@@ -4,7 +4,7 @@ void PanelButtonsFromImages(bool landscape, int32_t w1, int32_t h1, int32_t w2, 
                             PanelButtonArt out[4]) {
     // Cells run along the bar: columns of a portrait image, rows of a landscape one.
     auto cell = [landscape](int32_t w, int32_t h, int32_t parts, int32_t k) {
-        return landscape ? PanelPoint{0, h / parts * k} : PanelPoint{w / parts * k, 0};
+        return landscape ? Point{0, h / parts * k} : Point{w / parts * k, 0};
     };
     for (int32_t i = 0; i < 2; ++i) {
         PanelButtonArt& b = out[i];
@@ -24,10 +24,10 @@ void PanelButtonsFromImages(bool landscape, int32_t w1, int32_t h1, int32_t w2, 
     }
 }
 
-PanelRect PanelButtonRect(int32_t index, const PanelRect& client, bool landscape,
-                          const PanelButtonArt buttons[4]) {
+Rect PanelButtonRect(int32_t index, const Rect& client, bool landscape,
+                     const PanelButtonArt buttons[4]) {
     const PanelButtonArt& b = buttons[index];
-    PanelRect r;
+    Rect r;
     if (landscape) {
         r.left = client.left;
         r.right = client.left + b.width;

@@ -6,51 +6,36 @@
 
 #include <cstdint>
 
+#include "base/Geometry.h"
+#include "base/ResourceIds.h"
+
 /// Commands the panel's buttons send, in button order.
-constexpr uint32_t kPanelCommands[4] = {101, 102, 103, 104};
+constexpr uint32_t kPanelCommands[4] = {IDM_PREV_PAGE, IDM_NEXT_PAGE, IDM_MAIN_MENU, IDM_CLOSE};
 /// Resource texts of the buttons' captions, in button order.
-constexpr uint32_t kPanelCaptions[4] = {129, 130, 131, 132};
+constexpr uint32_t kPanelCaptions[4] = {IDS_PREV, IDS_NEXT, IDS_MENU, IDS_CLOSE};
 /// The button that acts on press instead of release.
 constexpr int32_t kPanelMenuButton = 2;
-
-struct PanelPoint {
-    int32_t x = 0;
-    int32_t y = 0;
-    bool operator==(const PanelPoint&) const = default;
-};
 
 /// One button's size and its three source points in its image.
 struct PanelButtonArt {
     int32_t width = 0;
     int32_t height = 0;
-    PanelPoint normal;
-    PanelPoint pressed;
-    PanelPoint disabled;  ///< the Menu and Close images have no disabled cell: their normal one
+    Point normal;
+    Point pressed;
+    Point disabled;  ///< the Menu and Close images have no disabled cell: their normal one
 };
 
 /// Button art of all four buttons from the sizes of the two images.
 void PanelButtonsFromImages(bool landscape, int32_t w1, int32_t h1, int32_t w2, int32_t h2,
                             PanelButtonArt out[4]);
 
-/// A panel rectangle (right and bottom exclusive).
-struct PanelRect {
-    int32_t left = 0;
-    int32_t top = 0;
-    int32_t right = 0;
-    int32_t bottom = 0;
-    bool Contains(int32_t x, int32_t y) const {
-        return x >= left && x < right && y >= top && y < bottom;
-    }
-    bool operator==(const PanelRect&) const = default;
-};
-
 /// Rectangle of button `index` (0..3) in the panel's client rectangle: Prev and Next from the
 /// start (left or top), Menu and Close against the end (right or bottom).
-PanelRect PanelButtonRect(int32_t index, const PanelRect& client, bool landscape,
-                          const PanelButtonArt buttons[4]);
+Rect PanelButtonRect(int32_t index, const Rect& client, bool landscape,
+                     const PanelButtonArt buttons[4]);
 
 /// The source point drawn: pressed, else normal when enabled, else disabled.
-inline PanelPoint PanelSourcePoint(const PanelButtonArt& art, bool pressed, bool enabled) {
+inline Point PanelSourcePoint(const PanelButtonArt& art, bool pressed, bool enabled) {
     if (pressed)
         return art.pressed;
     return enabled ? art.normal : art.disabled;

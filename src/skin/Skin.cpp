@@ -2,12 +2,13 @@
 
 #include <vector>
 
-#include "app/ScreenInfo.h"
+#include "base/ScreenInfo.h"
 #include "base/SettingsStore.h"
-#include "contacts/Photos.h"
-#include "platform/Gdi.h"
-#include "platform/WideCast.h"
 #include "skin/IniFile.h"
+#include "win/Gdi.h"
+#include "win/Imaging.h"
+#include "win/MappedFile.h"
+#include "win/WideCast.h"
 
 namespace {
 
@@ -47,51 +48,10 @@ constexpr ButtonBitmap kButtonBitmaps[] = {
     {111, u"small_active_frame", 102, u"big_active_frame"},
 };
 
-/// A read-only view of a whole file; every part closed by the destructor.
-class MappedFile {
-  public:
-    explicit MappedFile(const wchar_t* path) {
-        file_ = CreateFileW(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                            FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (file_ == INVALID_HANDLE_VALUE)
-            return;
-        mapping_ = CreateFileMappingW(file_, nullptr, PAGE_READONLY, 0, 0, nullptr);
-        if (mapping_ == nullptr)
-            return;
-        view_ = MapViewOfFile(mapping_, FILE_MAP_READ, 0, 0, 0);
-        if (view_ != nullptr)
-            size_ = GetFileSize(file_, nullptr);
-    }
-    ~MappedFile() {
-        if (view_ != nullptr)
-            UnmapViewOfFile(view_);
-        if (mapping_ != nullptr)
-            CloseHandle(mapping_);
-        if (file_ != INVALID_HANDLE_VALUE)
-            CloseHandle(file_);
-    }
-    MappedFile(const MappedFile&) = delete;
-    MappedFile& operator=(const MappedFile&) = delete;
-
-    const uint8_t* Bytes() const { return static_cast<const uint8_t*>(view_); }
-    size_t Size() const { return size_ == INVALID_FILE_SIZE ? 0 : size_; }
-
-  private:
-    HANDLE file_ = INVALID_HANDLE_VALUE;
-    HANDLE mapping_ = nullptr;
-    void* view_ = nullptr;
-    DWORD size_ = 0;
-};
-
 LOGFONTW SystemFontDescription() {
     LOGFONTW lf{};
     GetObjectW(GetStockObject(SYSTEM_FONT), sizeof lf, &lf);
     return lf;
-}
-
-int32_t PixelsPerInch() {
-    // Before start-up has measured the screen (tests), the design resolution stands in.
-    return Screen().dpiY != 0 ? Screen().dpiY : 96;
 }
 
 HDC SharedMemoryDc() {
@@ -154,14 +114,14 @@ HFONT Skin::ReadFont(const IniFile& ini, int section, const char16_t* key) const
     if (!ini.GetFontSpec(section, key, size, face, weightCode, italic, &clearType)) {
         return nullptr;
     }
-    return CreateFontFrom(FontFromSpec(PixelsPerInch(), size, face, weightCode, italic, clearType));
+    return CreateFontFrom(FontFromSpec(EffectiveDpiY(), size, face, weightCode, italic, clearType));
 }
 
 void Skin::CreateDefaultFonts() {
     for (SkinFont which : kDefaultFontOrder) {
         HFONT& font = fonts_[static_cast<int32_t>(which)];
         if (font == nullptr)
-            font = CreateFontFrom(DefaultFont(which, PixelsPerInch()));
+            font = CreateFontFrom(DefaultFont(which, EffectiveDpiY()));
     }
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-PanelPlacement PlacePanel(const Box& client, bool landscape, int32_t landscapeWidth,
+PanelPlacement PlacePanel(const Rect& client, bool landscape, int32_t landscapeWidth,
                           int32_t portraitHeight) {
     PanelPlacement out;
     if (landscape) {
@@ -29,8 +29,8 @@ void BoardGeometry::Layout(int32_t usableWidth, int32_t usableHeight, int32_t ce
     cellW_ = cellW;
     cellH_ = cellH;
     const int32_t remembered = SlotOf(selected_);
-    for (Box& cell : cells_)
-        cell = Box{};
+    for (Rect& cell : cells_)
+        cell = Rect{};
 
     cols_ = cellW > 0 && usableWidth > 0 ? usableWidth / cellW : 0;
     rows_ = cellH > 0 && usableHeight > 0 ? usableHeight / cellH : 0;
@@ -72,7 +72,7 @@ void BoardGeometry::PlaceCells(int32_t usableWidth, int32_t usableHeight) {
         for (int32_t c = 0; c < cols_; ++c) {
             const int32_t x = x0 + c * (cellW_ + gapX);
             const int32_t y = y0 + r * (cellH_ + gapY);
-            cells_[c + cols_ * r] = Box{x, y, x + cellW_, y + cellH_};
+            cells_[c + cols_ * r] = Rect{x, y, x + cellW_, y + cellH_};
         }
     }
 }

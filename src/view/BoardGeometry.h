@@ -8,27 +8,11 @@
 #include <utility>
 #include <vector>
 
-/// A rectangle in client pixels (right and bottom exclusive).
-struct Box {
-    int32_t left = 0;
-    int32_t top = 0;
-    int32_t right = 0;
-    int32_t bottom = 0;
-    int32_t Width() const { return right - left; }
-    int32_t Height() const { return bottom - top; }
-    bool Contains(int32_t x, int32_t y) const {
-        return x >= left && x < right && y >= top && y < bottom;
-    }
-    /// Shares at least one pixel with `other`.
-    bool Intersects(const Box& other) const {
-        return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
-    }
-    bool operator==(const Box&) const = default;
-};
+#include "base/Geometry.h"
 
 /// Where the soft-key panel goes and what is left for the buttons.
 struct PanelPlacement {
-    Box panel;
+    Rect panel;
     int32_t usableWidth = 0;
     int32_t usableHeight = 0;
 };
@@ -36,7 +20,7 @@ struct PanelPlacement {
 /// Landscape screens (wider than high) put the panel at the right edge, `landscapeWidth` wide
 /// and full height; portrait and square screens put it along the bottom, `portraitHeight` high
 /// and full width. The usable area shrinks by the panel.
-PanelPlacement PlacePanel(const Box& client, bool landscape, int32_t landscapeWidth,
+PanelPlacement PlacePanel(const Rect& client, bool landscape, int32_t landscapeWidth,
                           int32_t portraitHeight);
 
 /// Landscape exactly when the screen is wider than it is high.
@@ -111,7 +95,7 @@ class BoardGeometry {
     int32_t TotalSlots() const { return totalSlots_; }
     int32_t Selected() const { return selected_; }
     /// Cell of position p (0..23); positions past rows x cols have an empty cell.
-    const Box& Cell(int32_t p) const { return cells_[p]; }
+    const Rect& Cell(int32_t p) const { return cells_[p]; }
     /// Number of positions with a cell (rows x cols, which is below perPage when the 24-button
     /// cap leaves the last positions of a page without one).
     int32_t CellCount() const { return cols_ * rows_; }
@@ -131,5 +115,5 @@ class BoardGeometry {
     int32_t page_ = 0;
     int32_t totalSlots_ = 0;
     int32_t selected_ = 0;
-    Box cells_[kMaxButtonsPerPage];
+    Rect cells_[kMaxButtonsPerPage];
 };

@@ -3,14 +3,7 @@
 #include "skin/ButtonPanel.h"
 #include "skin/Skin.h"
 #include "view/BoardWindow.h"
-
-namespace {
-
-RECT ToRect(const Box& b) {
-    return RECT{b.left, b.top, b.right, b.bottom};
-}
-
-}  // namespace
+#include "win/RectConvert.h"
 
 void BoardWindow::Layout() {
     if (hwnd_ == nullptr)
@@ -22,8 +15,7 @@ void BoardWindow::Layout() {
     const bool landscape =
         IsLandscape(device::SystemMetrics(SM_CXSCREEN), device::SystemMetrics(SM_CYSCREEN));
     const int thickness = panel_ ? panel_->Thickness() : 0;
-    const PanelPlacement placed = PlacePanel(
-        Box{client.left, client.top, client.right, client.bottom}, landscape, thickness, thickness);
+    const PanelPlacement placed = PlacePanel(FromRECT(client), landscape, thickness, thickness);
     if (panel_) {
         // Moved without a repaint of its own; it paints with the board's next paint.
         SetWindowPos(panel_->Hwnd(), nullptr, placed.panel.left, placed.panel.top,
@@ -112,7 +104,7 @@ void BoardWindow::SetCellPressed(int position, bool pressed) {
 void BoardWindow::RepaintCell(int position) {
     if (hwnd_ == nullptr || position < 0 || position >= kMaxButtonsPerPage)
         return;
-    const RECT cell = ToRect(geometry_.Cell(position));
+    const RECT cell = ToRECT(geometry_.Cell(position));
     InvalidateRect(hwnd_, &cell, FALSE);
     UpdateWindow(hwnd_);
 }

@@ -1,32 +1,17 @@
 // The board window's painting: every button of the page, the selection frame and the dialer
 // numbers, into the off-screen bitmap the paint hands in.
-#include "app/ScreenInfo.h"
+#include "base/ScreenInfo.h"
 #include "contacts/ContactsSession.h"
-#include "platform/WideCast.h"
 #include "skin/Skin.h"
 #include "view/BoardWindow.h"
 #include "view/PaintGeometry.h"
+#include "win/RectConvert.h"
+#include "win/WideCast.h"
 
 namespace {
 
 /// The entry flag of a contact with a picture.
 constexpr uint32_t kHasPicture = 1;
-
-RECT ToRect(const Box& b) {
-    return RECT{b.left, b.top, b.right, b.bottom};
-}
-
-Box ToBox(const RECT& r) {
-    return Box{r.left, r.top, r.right, r.bottom};
-}
-
-int DpiX() {
-    return Screen().dpiX != 0 ? Screen().dpiX : 96;
-}
-
-int DpiY() {
-    return Screen().dpiY != 0 ? Screen().dpiY : 96;
-}
 
 void TextOut16(HDC dc, int x, int y, const Str& text) {
     ExtTextOutW(dc, x, y, 0, nullptr, W(text.c_str()), static_cast<UINT>(text.Length()), nullptr);
@@ -41,12 +26,12 @@ void BoardWindow::Paint(HDC dc, const RECT& clip) {
     if (!skin_)
         return;
     SetBkMode(dc, TRANSPARENT);
-    const Box clipBox = ToBox(clip);
+    const Rect clipBox = FromRECT(clip);
     // The label's height is the small font's, the same for every cell of this paint.
     const int labelH = showPhoneType_ ? Skin::GetFontHeight(skin_->Font(SkinFont::kSmall)) : 0;
     Array<int> numbered;
     for (int p = 0; p < geometry_.PerPage(); ++p) {
-        const Box& cell = geometry_.Cell(p);
+        const Rect& cell = geometry_.Cell(p);
         if (cell.Width() > 0 && cell.Intersects(clipBox))
             PaintCell(dc, p, labelH, numbered);
     }
@@ -56,12 +41,12 @@ void BoardWindow::Paint(HDC dc, const RECT& clip) {
     for (int p : numbered) {
         const int index = board_.FindBySlot(geometry_.SlotOf(p));
         if (index >= 0)
-            PaintNumber(dc, board_.EntryAt(index), ToRect(geometry_.Cell(p)));
+            PaintNumber(dc, board_.EntryAt(index), ToRECT(geometry_.Cell(p)));
     }
 }
 
 void BoardWindow::PaintCell(HDC dc, int position, int labelH, Array<int>& numbered) {
-    const RECT cell = ToRect(geometry_.Cell(position));
+    const RECT cell = ToRECT(geometry_.Cell(position));
     const bool pressed = cellPressed_[position];
     const int cellW = geometry_.CellW();
     const int cellH = geometry_.CellH();
@@ -90,7 +75,7 @@ bool BoardWindow::PaintPhoto(HDC dc, int index, const RECT& cell, bool pressed) 
     const int cellW = geometry_.CellW();
     const int cellH = geometry_.CellH();
     const SIZE size = Skin::BitmapSize(photo);
-    const PixelPoint from = PhotoSourceOffset(size.cx, size.cy, cellW, cellH);
+    const Point from = PhotoSourceOffset(size.cx, size.cy, cellW, cellH);
     HDC source = CreateCompatibleDC(dc);
     {
         gdi::Selection selection(source, photo);
@@ -126,21 +111,22 @@ HBITMAP BoardWindow::PhotoOf(int index) {
 
 void BoardWindow::PaintName(HDC dc, const DialEntry& entry, const RECT& cell, bool pressed,
                             int labelH) {
-    const Box box = NameBox(ToBox(cell), DpiX(), DpiY(), labelH);
+    const Rect box = NameBox(FromRECT(cell), EffectiveDpiX(), EffectiveDpiY(), labelH);
     gdi::Selection font(dc, skin_->Font(SkinFont::kText));
     SetTextColor(dc, pressed ? skin_->Colours().textSelected : skin_->Colours().text);
-    Skin::DrawWrapped(dc, DisplayName(entry), ToRect(box));
+    Skin::DrawWrapped(dc, DisplayName(entry), ToRECT(box));
 }
 
 void BoardWindow::PaintLabel(HDC dc, const Str& label, const RECT& cell) {
     gdi::Selection font(dc, skin_->Font(SkinFont::kSmall));
     SIZE text{};
     GetTextExtentPoint32W(dc, W(label.c_str()), label.Length(), &text);
-    const PixelPoint at = LabelOrigin(ToBox(cell), text.cx, text.cy, DpiY());
+    const Point at = LabelOrigin(FromRECT(cell), text.cx, text.cy, EffectiveDpiY());
     const SkinColours& colours = skin_->Colours();
     if (colours.phoneType2 != colours.phoneType1) {
         SetTextColor(dc, colours.phoneType2);
-        TextOut16(dc, at.x - ShadowStep(DpiX()), at.y - ShadowStep(DpiY()), label);
+        TextOut16(dc, at.x - ShadowStep(EffectiveDpiX()), at.y - ShadowStep(EffectiveDpiY()),
+                  label);
     }
     SetTextColor(dc, colours.phoneType1);
     TextOut16(dc, at.x, at.y, label);
@@ -150,12 +136,12 @@ void BoardWindow::PaintSelection(HDC dc) {
     const int selected = geometry_.Selected();
     if (selected < 0 || selected >= geometry_.PerPage())
         return;
-    const Box& cell = geometry_.Cell(selected);
+    const Rect& cell = geometry_.Cell(selected);
     HBITMAP frame = skin_->Button(ButtonArt::kActiveFrame);
     if (cell.Width() == 0 || frame == nullptr)
         return;
     const SIZE size = Skin::BitmapSize(frame);
-    const PixelPoint at = FrameOrigin(cell, size.cx, size.cy);
+    const Point at = FrameOrigin(cell, size.cx, size.cy);
     Skin::DrawTransparent(dc, at.x, at.y, frame, 0, 0, size.cx, size.cy);
 }
 
@@ -163,7 +149,7 @@ void BoardWindow::PaintNumber(HDC dc, const DialEntry& entry, const RECT& cell) 
     if (!HasDialerNumber(entry.btn) || !numberFrame_)
         return;
     const SIZE size = Skin::BitmapSize(numberFrame_.get());
-    const Box frame = NumberFrameBox(ToBox(cell), size.cx, size.cy);
+    const Rect frame = NumberFrameBox(FromRECT(cell), size.cx, size.cy);
     Skin::DrawTransparent(dc, frame.left, frame.top, numberFrame_.get(), 0, 0, size.cx, size.cy);
     Str number;
     number.Format(u"%d", entry.btn);
@@ -171,7 +157,7 @@ void BoardWindow::PaintNumber(HDC dc, const DialEntry& entry, const RECT& cell) 
     SIZE text{};
     GetTextExtentPoint32W(dc, W(number.c_str()), number.Length(), &text);
     // An odd free width would put the number half a pixel off; widen the box to even it out.
-    RECT box = ToRect(NumberTextBox(frame, text.cx, DpiX()));
+    RECT box = ToRECT(NumberTextBox(frame, text.cx, EffectiveDpiX()));
     SetTextColor(dc, skin_->Colours().buttonNumber);
     DrawTextW(dc, W(number.c_str()), number.Length(), &box,
               DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);

@@ -1,18 +1,18 @@
 #include "view/BoardWindow.h"
 
-#include "app/ResourceIds.h"
-#include "app/ResourcePlace.h"
-#include "app/ScreenInfo.h"
 #include "base/File.h"
 #include "base/Module.h"
+#include "base/ResourceIds.h"
+#include "base/ResourcePlace.h"
+#include "base/ScreenInfo.h"
 #include "base/SettingsStore.h"
 #include "contacts/ContactsSession.h"
 #include "contacts/SearchServiceClient.h"
 #include "platform/DeviceScreen.h"
-#include "platform/Gdi.h"
 #include "platform/Shell.h"
 #include "skin/ButtonPanel.h"
 #include "skin/Skin.h"
+#include "win/Gdi.h"
 
 namespace {
 

@@ -6,13 +6,13 @@
 
 #include <memory>
 
-#include "app/ScreenRotation.h"
-#include "app/WndBase.h"
 #include "board/DialBoard.h"
 #include "board/SessionContactSource.h"
 #include "phone/NumberTemplates.h"
-#include "platform/Gdi.h"
 #include "view/BoardGeometry.h"
+#include "win/Gdi.h"
+#include "win/ScreenRotation.h"
+#include "win/WndBase.h"
 
 class ButtonPanel;
 class ContactsSession;
@@ -25,8 +25,6 @@ constexpr wchar_t kBoardWindowTitle[] = L"Orvalis Dialdeck";
 constexpr COLORREF kBoardDefaultBackground = 0x50463B;
 /// WM_CLOSE's wParam for a forced close: the process ends even when resident.
 constexpr WPARAM kForcedCloseCode = 100;
-/// Menu resource of the board's two soft keys, in the program's own module.
-constexpr UINT kSoftKeyMenuId = 122;
 
 class BoardWindow : public WndBase {
   public:

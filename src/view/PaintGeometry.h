@@ -16,28 +16,22 @@ inline int32_t ShadowStep(int32_t dpi) {
     return (dpi + 48) / 96;
 }
 
-struct PixelPoint {
-    int32_t x = 0;
-    int32_t y = 0;
-    bool operator==(const PixelPoint&) const = default;
-};
-
 /// Source offset that centres a photo of photoW x photoH on a cell of cellW x cellH.
-PixelPoint PhotoSourceOffset(int32_t photoW, int32_t photoH, int32_t cellW, int32_t cellH);
+Point PhotoSourceOffset(int32_t photoW, int32_t photoH, int32_t cellW, int32_t cellH);
 /// The name's box: the cell shrunk by the text inset on every side and, when a label is shown,
 /// shortened at the bottom by its height.
-Box NameBox(const Box& cell, int32_t dpiX, int32_t dpiY, int32_t labelHeight);
+Rect NameBox(const Rect& cell, int32_t dpiX, int32_t dpiY, int32_t labelHeight);
 /// Top-left of the phone-type label: centred across, its bottom one shadow step above the
 /// cell's bottom.
-PixelPoint LabelOrigin(const Box& cell, int32_t textW, int32_t textH, int32_t dpiY);
+Point LabelOrigin(const Rect& cell, int32_t textW, int32_t textH, int32_t dpiY);
 /// Top-left of the selection frame, centred on the cell (it may stick out).
-PixelPoint FrameOrigin(const Box& cell, int32_t frameW, int32_t frameH);
+Point FrameOrigin(const Rect& cell, int32_t frameW, int32_t frameH);
 /// The number frame: its bottom-right corner on the cell's bottom-right corner.
-Box NumberFrameBox(const Box& cell, int32_t frameW, int32_t frameH);
-/// Box the number is centred in: the frame, widened to the right by a shadow step when the
+Rect NumberFrameBox(const Rect& cell, int32_t frameW, int32_t frameH);
+/// Rect the number is centred in: the frame, widened to the right by a shadow step when the
 /// free width is odd, so every number sits on whole pixels the same way.
-Box NumberTextBox(const Box& frame, int32_t textW, int32_t dpiX);
+Rect NumberTextBox(const Rect& frame, int32_t textW, int32_t dpiX);
 /// What a selection change repaints: the cell grown by the text inset on each side.
-Box SelectionRepaintBox(const Box& cell, int32_t dpiX, int32_t dpiY);
+Rect SelectionRepaintBox(const Rect& cell, int32_t dpiX, int32_t dpiY);
 /// Top-left of a text of textW x textH centred in `box` (the number; whole pixels, rounding down).
-PixelPoint CentredText(const Box& box, int32_t textW, int32_t textH);
+Point CentredText(const Rect& box, int32_t textW, int32_t textH);

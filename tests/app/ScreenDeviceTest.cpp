@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/ScreenInfo.h"
+#include "base/ScreenInfo.h"
 #include "platform/DeviceProfile.h"
 
 namespace {

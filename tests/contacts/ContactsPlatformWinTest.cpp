@@ -13,7 +13,7 @@
 #include "base/Registry.h"
 #include "base/SettingsStore.h"
 #include "contacts/VCardContactsStore.h"
-#include "platform/WideCast.h"
+#include "win/WideCast.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "contacts/PhotoFit.h"
+#include "base/PhotoFit.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <vector>
 
-#include "app/ScreenInfo.h"
 #include "base/Alert.h"
+#include "base/ScreenInfo.h"
 #include "platform/DeviceProfile.h"
 #include "skin/Skin.h"
 
@@ -224,8 +224,8 @@ TEST_F(ButtonPanelTest, DisabledButtonIgnoresPressesAndShowsItsDisabledCell) {
     HBITMAP image = skin_->LoadSkinBitmap(skin_bitmap::kPortraitPanel1, u"p_panel_1");
     HDC source = CreateCompatibleDC(nullptr);
     HGDIOBJ oldSource = SelectObject(source, image);
-    const PanelPoint disabled = panel.Button(0).art.disabled;
-    const PanelPoint normal = panel.Button(0).art.normal;
+    const Point disabled = panel.Button(0).art.disabled;
+    const Point normal = panel.Button(0).art.normal;
     const int x = 28;
     const int y = 10;  // the glyph's row, above the caption
     EXPECT_EQ(GetPixel(dc, x, y), GetPixel(source, disabled.x + x, disabled.y + y));

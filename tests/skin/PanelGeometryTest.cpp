@@ -10,17 +10,17 @@ TEST(PanelGeometryTest, PortraitSixAndFourColumns) {
     EXPECT_EQ(b[0].width, 40);  // a 240-wide first image gives 40-wide Prev and Next
     EXPECT_EQ(b[1].width, 40);
     EXPECT_EQ(b[0].height, 36);
-    EXPECT_EQ(b[0].normal, (PanelPoint{0, 0}));
-    EXPECT_EQ(b[1].normal, (PanelPoint{40, 0}));
-    EXPECT_EQ(b[0].pressed, (PanelPoint{80, 0}));
-    EXPECT_EQ(b[1].pressed, (PanelPoint{120, 0}));
-    EXPECT_EQ(b[0].disabled, (PanelPoint{160, 0}));
-    EXPECT_EQ(b[1].disabled, (PanelPoint{200, 0}));
+    EXPECT_EQ(b[0].normal, (Point{0, 0}));
+    EXPECT_EQ(b[1].normal, (Point{40, 0}));
+    EXPECT_EQ(b[0].pressed, (Point{80, 0}));
+    EXPECT_EQ(b[1].pressed, (Point{120, 0}));
+    EXPECT_EQ(b[0].disabled, (Point{160, 0}));
+    EXPECT_EQ(b[1].disabled, (Point{200, 0}));
     EXPECT_EQ(b[2].width, 40);
-    EXPECT_EQ(b[2].normal, (PanelPoint{0, 0}));
-    EXPECT_EQ(b[3].normal, (PanelPoint{40, 0}));
-    EXPECT_EQ(b[2].pressed, (PanelPoint{80, 0}));
-    EXPECT_EQ(b[3].pressed, (PanelPoint{120, 0}));
+    EXPECT_EQ(b[2].normal, (Point{0, 0}));
+    EXPECT_EQ(b[3].normal, (Point{40, 0}));
+    EXPECT_EQ(b[2].pressed, (Point{80, 0}));
+    EXPECT_EQ(b[3].pressed, (Point{120, 0}));
 }
 
 TEST(PanelGeometryTest, LandscapeSixAndFourRows) {
@@ -28,31 +28,31 @@ TEST(PanelGeometryTest, LandscapeSixAndFourRows) {
     PanelButtonsFromImages(true, 40, 216, 40, 144, b);
     EXPECT_EQ(b[0].width, 40);
     EXPECT_EQ(b[0].height, 36);
-    EXPECT_EQ(b[1].normal, (PanelPoint{0, 36}));
-    EXPECT_EQ(b[0].pressed, (PanelPoint{0, 72}));
-    EXPECT_EQ(b[1].disabled, (PanelPoint{0, 180}));
+    EXPECT_EQ(b[1].normal, (Point{0, 36}));
+    EXPECT_EQ(b[0].pressed, (Point{0, 72}));
+    EXPECT_EQ(b[1].disabled, (Point{0, 180}));
     EXPECT_EQ(b[3].height, 36);
-    EXPECT_EQ(b[3].pressed, (PanelPoint{0, 108}));
+    EXPECT_EQ(b[3].pressed, (Point{0, 108}));
 }
 
 TEST(PanelGeometryTest, PortraitRectsFromBothEnds) {
     PanelButtonArt b[4];
     PanelButtonsFromImages(false, 240, 36, 160, 36, b);
-    PanelRect client{0, 0, 320, 36};
-    EXPECT_EQ(PanelButtonRect(0, client, false, b), (PanelRect{0, 0, 40, 36}));
-    EXPECT_EQ(PanelButtonRect(1, client, false, b), (PanelRect{40, 0, 80, 36}));
-    EXPECT_EQ(PanelButtonRect(2, client, false, b), (PanelRect{240, 0, 280, 36}));
-    EXPECT_EQ(PanelButtonRect(3, client, false, b), (PanelRect{280, 0, 320, 36}));
+    Rect client{0, 0, 320, 36};
+    EXPECT_EQ(PanelButtonRect(0, client, false, b), (Rect{0, 0, 40, 36}));
+    EXPECT_EQ(PanelButtonRect(1, client, false, b), (Rect{40, 0, 80, 36}));
+    EXPECT_EQ(PanelButtonRect(2, client, false, b), (Rect{240, 0, 280, 36}));
+    EXPECT_EQ(PanelButtonRect(3, client, false, b), (Rect{280, 0, 320, 36}));
 }
 
 TEST(PanelGeometryTest, LandscapeRectsFromBothEnds) {
     PanelButtonArt b[4];
     PanelButtonsFromImages(true, 40, 216, 40, 144, b);
-    PanelRect client{0, 0, 40, 214};
-    EXPECT_EQ(PanelButtonRect(0, client, true, b), (PanelRect{0, 0, 40, 36}));
-    EXPECT_EQ(PanelButtonRect(1, client, true, b), (PanelRect{0, 36, 40, 72}));
-    EXPECT_EQ(PanelButtonRect(2, client, true, b), (PanelRect{0, 142, 40, 178}));
-    EXPECT_EQ(PanelButtonRect(3, client, true, b), (PanelRect{0, 178, 40, 214}));
+    Rect client{0, 0, 40, 214};
+    EXPECT_EQ(PanelButtonRect(0, client, true, b), (Rect{0, 0, 40, 36}));
+    EXPECT_EQ(PanelButtonRect(1, client, true, b), (Rect{0, 36, 40, 72}));
+    EXPECT_EQ(PanelButtonRect(2, client, true, b), (Rect{0, 142, 40, 178}));
+    EXPECT_EQ(PanelButtonRect(3, client, true, b), (Rect{0, 178, 40, 214}));
 }
 
 TEST(PanelGeometryTest, SourcePointByState) {
@@ -71,7 +71,7 @@ TEST(PanelGeometryTest, EmptyImagesGiveEmptyButtons) {
         EXPECT_EQ(art.width, 0);
         EXPECT_EQ(art.height, 0);
     }
-    PanelRect r = PanelButtonRect(3, PanelRect{0, 0, 240, 0}, false, b);
+    Rect r = PanelButtonRect(3, Rect{0, 0, 240, 0}, false, b);
     EXPECT_FALSE(r.Contains(239, 0));
 }
 

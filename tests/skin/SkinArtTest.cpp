@@ -222,7 +222,7 @@ TEST_P(SkinArtGridTest, ProfilesGetSensibleGrids) {
     Image p1 = Load(c.dpi, landscape ? "l_panel_1" : "p_panel_1");
     Image p2 = Load(c.dpi, landscape ? "l_panel_2" : "p_panel_2");
     PanelPlacement placed =
-        PlacePanel(Box{0, 0, c.width, c.height - bar}, landscape,
+        PlacePanel(Rect{0, 0, c.width, c.height - bar}, landscape,
                    PanelThickness(p1.width, p2.width), PanelThickness(p1.height, p2.height));
     BoardGeometry g;
     g.Layout(placed.usableWidth, placed.usableHeight, face.width / 2, face.height, 0);

@@ -8,10 +8,10 @@
 #include <fstream>
 #include <string>
 
-#include "app/ScreenInfo.h"
 #include "base/Registry.h"
+#include "base/ScreenInfo.h"
 #include "base/SettingsStore.h"
-#include "platform/WideCast.h"
+#include "win/WideCast.h"
 
 namespace {
 

@@ -7,15 +7,15 @@
 namespace {
 
 TEST(BoardGeometryTest, PanelAlongTheBottomInPortrait) {
-    PanelPlacement p = PlacePanel(Box{0, 0, 240, 294}, false, 40, 36);
-    EXPECT_EQ(p.panel, (Box{0, 258, 240, 294}));
+    PanelPlacement p = PlacePanel(Rect{0, 0, 240, 294}, false, 40, 36);
+    EXPECT_EQ(p.panel, (Rect{0, 258, 240, 294}));
     EXPECT_EQ(p.usableWidth, 240);
     EXPECT_EQ(p.usableHeight, 258);
 }
 
 TEST(BoardGeometryTest, PanelAtTheRightInLandscape) {
-    PanelPlacement p = PlacePanel(Box{0, 0, 320, 214}, true, 40, 36);
-    EXPECT_EQ(p.panel, (Box{280, 0, 320, 214}));
+    PanelPlacement p = PlacePanel(Rect{0, 0, 320, 214}, true, 40, 36);
+    EXPECT_EQ(p.panel, (Rect{280, 0, 320, 214}));
     EXPECT_EQ(p.usableWidth, 280);
     EXPECT_EQ(p.usableHeight, 214);
 }
@@ -28,11 +28,11 @@ TEST(BoardGeometryTest, OrientationFromScreenSize) {
 
 TEST(BoardGeometryTest, RotationMovesThePanelAndRecomputesTheGrid) {
     BoardGeometry g;
-    PanelPlacement portrait = PlacePanel(Box{0, 0, 240, 294}, false, 40, 36);
+    PanelPlacement portrait = PlacePanel(Rect{0, 0, 240, 294}, false, 40, 36);
     g.Layout(portrait.usableWidth, portrait.usableHeight, 76, 80, 0);
     EXPECT_EQ(g.Cols(), 3);
     EXPECT_EQ(g.Rows(), 3);
-    PanelPlacement landscape = PlacePanel(Box{0, 0, 320, 214}, true, 40, 36);
+    PanelPlacement landscape = PlacePanel(Rect{0, 0, 320, 214}, true, 40, 36);
     EXPECT_EQ(landscape.panel.left, 280);
     g.Layout(landscape.usableWidth, landscape.usableHeight, 76, 80, 0);
     EXPECT_EQ(g.Cols(), 3);
@@ -80,7 +80,7 @@ TEST(BoardGeometryTest, CapWithColumnsThatDoNotDivide24) {
     EXPECT_EQ(g.CellCount(), 20);
     EXPECT_NE(g.Cell(19).Width(), 0);
     for (int p = 20; p < 24; ++p) {
-        EXPECT_EQ(g.Cell(p), Box{}) << p;
+        EXPECT_EQ(g.Cell(p), Rect{}) << p;
         EXPECT_EQ(g.SlotOf(p), p);  // the slot exists, the cell does not
     }
 }
@@ -192,10 +192,10 @@ TEST_P(BoardGeometryGridTest, GapsAndMarginsSplitTheLeftover) {
     g.Layout(c.width, c.height, c.cellW, c.cellH, 0);
     ASSERT_EQ(g.Cols(), c.cols);
     ASSERT_EQ(g.Rows(), c.rows);
-    EXPECT_EQ(g.Cell(0), (Box{c.x0, c.y0, c.x0 + c.cellW, c.y0 + c.cellH}));
+    EXPECT_EQ(g.Cell(0), (Rect{c.x0, c.y0, c.x0 + c.cellW, c.y0 + c.cellH}));
     for (int r = 0; r < c.rows; ++r) {
         for (int col = 0; col < c.cols; ++col) {
-            const Box& cell = g.Cell(col + c.cols * r);
+            const Rect& cell = g.Cell(col + c.cols * r);
             EXPECT_EQ(cell.left, c.x0 + col * (c.cellW + c.gapX));
             EXPECT_EQ(cell.top, c.y0 + r * (c.cellH + c.gapY));
             EXPECT_EQ(cell.Width(), c.cellW);

@@ -3,13 +3,13 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "app/ResourcePlace.h"
-#include "app/ScreenInfo.h"
 #include "base/Registry.h"
+#include "base/ResourcePlace.h"
+#include "base/ScreenInfo.h"
 #include "base/SettingsStore.h"
-#include "platform/WideCast.h"
 #include "skin/ButtonPanel.h"
 #include "view/BoardWindow.h"
+#include "win/WideCast.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include <string>
 
 #include "BoardTestSetup.h"
-#include "app/ScreenInfo.h"
 #include "base/Alert.h"
 #include "base/Registry.h"
+#include "base/ScreenInfo.h"
 #include "base/SettingsStore.h"
 #include "skin/ButtonPanel.h"
 #include "skin/Skin.h"
@@ -39,13 +39,13 @@ const ScreenCase kScreens[] = {
 };
 
 /// The grid the design gives a screen, worked out from the art's design sizes.
-BoardGeometry ExpectedGrid(const device::Profile& p, bool big, Box& panel) {
+BoardGeometry ExpectedGrid(const device::Profile& p, bool big, Rect& panel) {
     const int k = p.dpi / 96;
     const int bar = BarHeightAt(p.dpi);
     const bool landscape = IsLandscape(p.width, p.height);
     const int thickness = (landscape ? 50 : 34) * k;
     PanelPlacement placed =
-        PlacePanel(Box{0, 0, p.width, p.height - bar}, landscape, thickness, thickness);
+        PlacePanel(Rect{0, 0, p.width, p.height - bar}, landscape, thickness, thickness);
     panel = placed.panel;
     BoardGeometry g;
     g.Layout(placed.usableWidth, placed.usableHeight, (big ? 74 : 54) * k, (big ? 80 : 48) * k, 9);
@@ -102,7 +102,7 @@ class BoardWindowTest : public ::testing::Test {
     /// corners showing the background, the panel, and no magenta left anywhere.
     void ProbeBoard(const shot::Image& image, const device::Profile& p, bool big,
                     COLORREF background) {
-        Box panel;
+        Rect panel;
         const BoardGeometry expected = ExpectedGrid(p, big, panel);
         const BoardGeometry& g = board_->Geometry();
         ASSERT_EQ(g.Cols(), expected.Cols());
@@ -112,7 +112,7 @@ class BoardWindowTest : public ::testing::Test {
         EXPECT_EQ(client.right, p.width);
         EXPECT_EQ(client.bottom, p.height - BarHeightAt(p.dpi));
         for (int i = 0; i < expected.CellCount(); ++i) {
-            const Box& cell = g.Cell(i);
+            const Rect& cell = g.Cell(i);
             EXPECT_EQ(cell, expected.Cell(i)) << i;
             // The face's rounded corner is transparent: the background shows through.
             EXPECT_EQ(image.At(cell.left, cell.top), background) << "corner of cell " << i;
@@ -124,7 +124,7 @@ class BoardWindowTest : public ::testing::Test {
         // Outside every cell: the background (the left margin of the second row, and the gap
         // between its first two cells; the selection frame rings the first row's first cell).
         const int row = g.Rows() > 1 ? g.Cols() : 0;
-        const Box& first = g.Cell(row);
+        const Rect& first = g.Cell(row);
         if (first.left > 0) {
             EXPECT_EQ(image.At(first.left - 1, first.bottom - 1), background);
         }
@@ -137,7 +137,7 @@ class BoardWindowTest : public ::testing::Test {
         RECT at{};
         GetWindowRect(board_->Panel()->Hwnd(), &at);
         MapWindowPoints(nullptr, board_->Hwnd(), reinterpret_cast<POINT*>(&at), 2);
-        EXPECT_EQ((Box{at.left, at.top, at.right, at.bottom}), panel);
+        EXPECT_EQ((Rect{at.left, at.top, at.right, at.bottom}), panel);
         for (const uint32_t pixel : image.pixels) {
             const COLORREF c = RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
             ASSERT_NE(c, kMagenta);
@@ -173,14 +173,14 @@ TEST_F(BoardWindowTest, PhoneTypeAndDialerNumbersShown) {
         ProbeBoard(image, s.profile, true, kBackground);
         // Anna (slot 0) carries dialer number 1: its frame sits in the cell's bottom-right
         // corner and is not the face's colour.
-        const Box& cell = board_->Geometry().Cell(0);
+        const Rect& cell = board_->Geometry().Cell(0);
         const SIZE frame = Skin::BitmapSize(board_->NumberFrame());
         ASSERT_GT(frame.cx, 0);
         const COLORREF inFrame = image.At(cell.right - frame.cx / 2, cell.bottom - frame.cy / 2);
         const COLORREF face = image.At(cell.left + cell.Width() / 4, cell.top + cell.Height() / 2);
         EXPECT_NE(inFrame, face);
         // Without a number (slot 3) the corner stays the face's.
-        const Box& plain = board_->Geometry().Cell(3);
+        const Rect& plain = board_->Geometry().Cell(3);
         EXPECT_NE(image.At(plain.right - frame.cx / 2, plain.bottom - frame.cy / 2), inFrame);
         board_.reset();
         FreeLibrary(library_);
@@ -191,18 +191,18 @@ TEST_F(BoardWindowTest, PhoneTypeAndDialerNumbersShown) {
 TEST_F(BoardWindowTest, SelectionFrameRingsTheSelectedCell) {
     BoardWindow& board = Open({480, 640, 192}, true, false, false);
     const shot::Image image = Shoot("board-480x640-selection");
-    const Box& cell = board.Geometry().Cell(board.Geometry().Selected());
+    const Rect& cell = board.Geometry().Cell(board.Geometry().Selected());
     // The frame sticks out of the cell by two design pixels (four at 192 dpi).
     EXPECT_EQ(image.At((cell.left + cell.right) / 2, cell.top - 2), kSelection);
     EXPECT_EQ(image.At(cell.left - 2, (cell.top + cell.bottom) / 2), kSelection);
-    const Box& other = board.Geometry().Cell(1);
+    const Rect& other = board.Geometry().Cell(1);
     EXPECT_EQ(image.At((other.left + other.right) / 2, other.top - 2), kBackground);
 }
 
 TEST_F(BoardWindowTest, PhotoButtonShowsThePhotoInsideItsFrame) {
     BoardWindow& board = Open({480, 640, 192}, true, false, false);
     const shot::Image image = Shoot("board-480x640-photo");
-    const Box& cell = board.Geometry().Cell(7);
+    const Rect& cell = board.Geometry().Cell(7);
     // The test photo's round face (a warm colour) shows in the middle of the frame.
     EXPECT_EQ(image.At((cell.left + cell.right) / 2, cell.top + cell.Height() * 2 / 5),
               RGB(232, 190, 160));
@@ -217,7 +217,7 @@ TEST_F(BoardWindowTest, DeletedContactKeepsItsStoredNameOnAPlainFace) {
     EXPECT_EQ(board.Board().EntryAt(index).oid, 0u);
     EXPECT_EQ(DisplayName(board.Board().EntryAt(index)), Str(u"Old Office"));
     const shot::Image image = Shoot("board-480x640-deleted-contact");
-    const Box& cell = board.Geometry().Cell(6);
+    const Rect& cell = board.Geometry().Cell(6);
     const shot::Image& i = image;
     // A plain face (the dark text face), with white name text somewhere in its middle rows.
     bool white = false;
@@ -239,7 +239,7 @@ TEST_F(BoardWindowTest, PictureThatCannotBeReadLeavesAPlainFace) {
     EXPECT_EQ(board.Board().EntryAt(index).flags & 1u, 0u);
     EXPECT_EQ(board.Board().EntryAt(index).photo, nullptr);
     // Drawn as the plain text face: its name in white.
-    const Box& cell = board.Geometry().Cell(7);
+    const Rect& cell = board.Geometry().Cell(7);
     bool white = false;
     for (int x = cell.left; x < cell.right && !white; ++x) {
         for (int y = cell.top; y < cell.bottom; ++y) {
@@ -251,7 +251,7 @@ TEST_F(BoardWindowTest, PictureThatCannotBeReadLeavesAPlainFace) {
 }
 
 /// Counts the pixels of exactly `colour` in a box, and whether all of them lie inside `inside`.
-int CountColour(const shot::Image& image, const Box& box, COLORREF colour, const Box& inside,
+int CountColour(const shot::Image& image, const Rect& box, COLORREF colour, const Rect& inside,
                 bool& allInside) {
     int count = 0;
     allInside = true;
@@ -281,9 +281,9 @@ TEST_F(BoardWindowTest, LongNameWrapsAboveTheLabelAndEqualTypeColoursDropTheShad
     BoardWindow& board =
         Open({480, 640, 192}, true, true, false, (folder / "DialdeckSkin").wstring());
     const shot::Image image = Shoot("board-480x640-long-name-no-shadow");
-    const Box& cell = board.Geometry().Cell(5);  // "Dr. Margarethe Vanderbilt-Oppenheimer"
+    const Rect& cell = board.Geometry().Cell(5);  // "Dr. Margarethe Vanderbilt-Oppenheimer"
     const int labelH = Skin::GetFontHeight(board.GetSkin()->Font(SkinFont::kSmall));
-    const Box nameBox = NameBox(cell, 192, 192, labelH);
+    const Rect nameBox = NameBox(cell, 192, 192, labelH);
     bool inside = false;
     EXPECT_GT(CountColour(image, cell, RGB(255, 255, 0), nameBox, inside), 0);
     EXPECT_TRUE(inside);
@@ -300,7 +300,7 @@ TEST_F(BoardWindowTest, LongNameWrapsAboveTheLabelAndEqualTypeColoursDropTheShad
     }
     EXPECT_GT(bottom - top, 3 * labelH);
     // The label is drawn, and without a black shadow.
-    const Box band{cell.left, cell.bottom - labelH - 4, cell.right, cell.bottom};
+    const Rect band{cell.left, cell.bottom - labelH - 4, cell.right, cell.bottom};
     EXPECT_GT(CountColour(image, band, RGB(0, 255, 255), cell, inside), 0);
     EXPECT_EQ(CountColour(image, cell, RGB(0, 0, 0), cell, inside), 0);
     board_.reset();
@@ -310,7 +310,7 @@ TEST_F(BoardWindowTest, LongNameWrapsAboveTheLabelAndEqualTypeColoursDropTheShad
 TEST_F(BoardWindowTest, LabelHasItsShadowWithTheDefaultColours) {
     BoardWindow& board = Open({480, 640, 192}, true, true, false);
     const shot::Image image = Shoot("board-480x640-label-shadow");
-    const Box& cell = board.Geometry().Cell(1);
+    const Rect& cell = board.Geometry().Cell(1);
     bool inside = false;
     EXPECT_GT(CountColour(image, cell, RGB(0, 0, 0), cell, inside), 0);
 }

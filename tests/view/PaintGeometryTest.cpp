@@ -12,52 +12,52 @@ TEST(PaintGeometryTest, InsetAndShadowScale) {
 }
 
 TEST(PaintGeometryTest, PhotoIsCentred) {
-    EXPECT_EQ(PhotoSourceOffset(120, 60, 60, 60), (PixelPoint{30, 0}));
-    EXPECT_EQ(PhotoSourceOffset(60, 120, 60, 60), (PixelPoint{0, 30}));
-    EXPECT_EQ(PhotoSourceOffset(61, 60, 60, 60), (PixelPoint{0, 0}));
-    EXPECT_EQ(PhotoSourceOffset(40, 40, 60, 60), (PixelPoint{-10, -10}));
+    EXPECT_EQ(PhotoSourceOffset(120, 60, 60, 60), (Point{30, 0}));
+    EXPECT_EQ(PhotoSourceOffset(60, 120, 60, 60), (Point{0, 30}));
+    EXPECT_EQ(PhotoSourceOffset(61, 60, 60, 60), (Point{0, 0}));
+    EXPECT_EQ(PhotoSourceOffset(40, 40, 60, 60), (Point{-10, -10}));
 }
 
 TEST(PaintGeometryTest, NameBoxShrinksByTheInsetAndTheLabel) {
-    Box cell{10, 20, 86, 100};
-    EXPECT_EQ(NameBox(cell, 96, 96, 0), (Box{12, 22, 84, 98}));
-    EXPECT_EQ(NameBox(cell, 96, 96, 11), (Box{12, 22, 84, 87}));
-    EXPECT_EQ(NameBox(cell, 192, 192, 0), (Box{14, 24, 82, 96}));
+    Rect cell{10, 20, 86, 100};
+    EXPECT_EQ(NameBox(cell, 96, 96, 0), (Rect{12, 22, 84, 98}));
+    EXPECT_EQ(NameBox(cell, 96, 96, 11), (Rect{12, 22, 84, 87}));
+    EXPECT_EQ(NameBox(cell, 192, 192, 0), (Rect{14, 24, 82, 96}));
 }
 
 TEST(PaintGeometryTest, LabelSitsAboveTheBottomCentred) {
-    Box cell{10, 20, 86, 100};
-    EXPECT_EQ(LabelOrigin(cell, 30, 11, 96), (PixelPoint{33, 88}));
-    EXPECT_EQ(LabelOrigin(cell, 31, 11, 192), (PixelPoint{32, 87}));
+    Rect cell{10, 20, 86, 100};
+    EXPECT_EQ(LabelOrigin(cell, 30, 11, 96), (Point{33, 88}));
+    EXPECT_EQ(LabelOrigin(cell, 31, 11, 192), (Point{32, 87}));
 }
 
 TEST(PaintGeometryTest, FrameCentredMayStickOut) {
-    Box cell{10, 20, 86, 100};
-    EXPECT_EQ(FrameOrigin(cell, 80, 84), (PixelPoint{8, 18}));
-    EXPECT_EQ(FrameOrigin(cell, 76, 80), (PixelPoint{10, 20}));
+    Rect cell{10, 20, 86, 100};
+    EXPECT_EQ(FrameOrigin(cell, 80, 84), (Point{8, 18}));
+    EXPECT_EQ(FrameOrigin(cell, 76, 80), (Point{10, 20}));
 }
 
 TEST(PaintGeometryTest, NumberFrameInTheBottomRightCorner) {
-    Box cell{10, 20, 86, 100};
-    EXPECT_EQ(NumberFrameBox(cell, 20, 14), (Box{66, 86, 86, 100}));
+    Rect cell{10, 20, 86, 100};
+    EXPECT_EQ(NumberFrameBox(cell, 20, 14), (Rect{66, 86, 86, 100}));
 }
 
 TEST(PaintGeometryTest, OddFreeWidthWidensTheNumberBox) {
-    Box frame{66, 86, 86, 100};
+    Rect frame{66, 86, 86, 100};
     EXPECT_EQ(NumberTextBox(frame, 14, 96), frame);  // free width 6, even
-    EXPECT_EQ(NumberTextBox(frame, 13, 96), (Box{66, 86, 87, 100}));
-    EXPECT_EQ(NumberTextBox(frame, 13, 192), (Box{66, 86, 88, 100}));
-    EXPECT_EQ(NumberTextBox(frame, 21, 96), (Box{66, 86, 87, 100}));  // negative odd too
+    EXPECT_EQ(NumberTextBox(frame, 13, 96), (Rect{66, 86, 87, 100}));
+    EXPECT_EQ(NumberTextBox(frame, 13, 192), (Rect{66, 86, 88, 100}));
+    EXPECT_EQ(NumberTextBox(frame, 21, 96), (Rect{66, 86, 87, 100}));  // negative odd too
 }
 
 TEST(PaintGeometryTest, SelectionRepaintGrowsByTheInset) {
-    Box cell{10, 20, 86, 100};
-    EXPECT_EQ(SelectionRepaintBox(cell, 96, 96), (Box{8, 18, 88, 102}));
-    EXPECT_EQ(SelectionRepaintBox(cell, 192, 96), (Box{6, 18, 90, 102}));
+    Rect cell{10, 20, 86, 100};
+    EXPECT_EQ(SelectionRepaintBox(cell, 96, 96), (Rect{8, 18, 88, 102}));
+    EXPECT_EQ(SelectionRepaintBox(cell, 192, 96), (Rect{6, 18, 90, 102}));
 }
 
 TEST(PaintGeometryTest, CentredText) {
-    EXPECT_EQ(CentredText(Box{0, 0, 20, 14}, 13, 11), (PixelPoint{3, 1}));
+    EXPECT_EQ(CentredText(Rect{0, 0, 20, 14}, 13, 11), (Point{3, 1}));
 }
 
 }  // namespace

@@ -1,6 +1,21 @@
-#include "platform/Gdi.h"
+#include "win/Gdi.h"
 
 namespace gdi {
+
+MemoryDc::MemoryDc(HDC target) {
+    if (target != nullptr) {
+        dc_ = CreateCompatibleDC(target);
+        return;
+    }
+    HDC screen = GetDC(nullptr);
+    dc_ = CreateCompatibleDC(screen);
+    ReleaseDC(nullptr, screen);
+}
+
+MemoryDc::~MemoryDc() {
+    if (dc_ != nullptr)
+        DeleteDC(dc_);
+}
 
 OffscreenBuffer::OffscreenBuffer(HDC target, const RECT& rect) : target_(target), rect_(rect) {
     int width = rect.right - rect.left;

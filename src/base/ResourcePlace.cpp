@@ -1,4 +1,4 @@
-#include "app/ResourcePlace.h"
+#include "base/ResourcePlace.h"
 
 ResourcePlace& TheResourcePlace() {
     static ResourcePlace place;

@@ -1,10 +1,10 @@
-#include "app/ScreenRotation.h"
+#include "win/ScreenRotation.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "app/ScreenInfo.h"
+#include "base/ScreenInfo.h"
 #include "platform/DeviceProfile.h"
 
 namespace {

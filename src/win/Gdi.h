@@ -27,6 +27,20 @@ class Object {
     Handle handle_;
 };
 
+/// Owns a memory device context (CreateCompatibleDC) compatible with `target`, or with the
+/// screen when target is null; Get() is null when none could be made.
+class MemoryDc {
+  public:
+    explicit MemoryDc(HDC target = nullptr);
+    ~MemoryDc();
+    MemoryDc(const MemoryDc&) = delete;
+    MemoryDc& operator=(const MemoryDc&) = delete;
+    HDC Get() const { return dc_; }
+
+  private:
+    HDC dc_;
+};
+
 /// Selects an object into a device context for the scope and restores the previous one.
 class Selection {
   public:

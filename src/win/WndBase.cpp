@@ -1,9 +1,9 @@
-#include "app/WndBase.h"
+#include "win/WndBase.h"
 
-#include "app/ScreenInfo.h"
 #include "base/Module.h"
+#include "base/ScreenInfo.h"
 #include "platform/Shell.h"
-#include "platform/WideCast.h"
+#include "win/WideCast.h"
 
 namespace {
 
@@ -18,8 +18,15 @@ WndBase* AttachedObject(HWND hwnd) {
 }  // namespace
 
 WndBase::~WndBase() {
-    if (hwnd_ != nullptr && IsWindow(hwnd_))
-        DestroyWindow(hwnd_);
+    if (hwnd_ == nullptr || !IsWindow(hwnd_))
+        return;
+    // The derived parts are gone: detach first, so the window's last messages (and any that
+    // come later, such as WM_NCDESTROY after a `delete this` in WM_DESTROY) never reach them.
+    HWND hwnd = hwnd_;
+    hwnd_ = nullptr;
+    if (AttachedObject(hwnd) == this)
+        SetWindowLongPtrW(hwnd, GWLP_USERDATA, 0);
+    DestroyWindow(hwnd);
 }
 
 LRESULT WndBase::WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -79,8 +86,9 @@ HWND WndBase::Create(DWORD, const wchar_t* title, DWORD style, int x, int y, int
 LRESULT CALLBACK WndBase::StaticWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     WndBase* object = AttachedObject(hwnd);
     if (object == nullptr) {
-        if (message != WM_CREATE)
+        if (message != WM_NCCREATE)
             return DefWindowProcW(hwnd, message, wParam, lParam);
+        // The first message of a window: from here on every message reaches the object.
         object = static_cast<WndBase*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
         if (object == nullptr)
             return DefWindowProcW(hwnd, message, wParam, lParam);
@@ -94,6 +102,11 @@ LRESULT CALLBACK WndBase::StaticWndProc(HWND hwnd, UINT message, WPARAM wParam, 
             object->hwnd_ = nullptr;
             return result;
         }
+        case WM_NCDESTROY:
+            // The window's last message: no later one may find the object.
+            SetWindowLongPtrW(hwnd, GWLP_USERDATA, 0);
+            object->hwnd_ = nullptr;
+            return object->WndProc(hwnd, message, wParam, lParam);
         case WM_ACTIVATE:
             object->OnActivate(wParam, lParam);
             break;

@@ -1,11 +1,12 @@
-#include "app/WndBase.h"
+#include "win/WndBase.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
-#include "app/ScreenInfo.h"
+#include "base/ScreenInfo.h"
 
 namespace {
 
@@ -16,7 +17,8 @@ class Recorder : public WndBase {
   public:
     LRESULT WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_CREATE || message == WM_DESTROY || message == WM_ACTIVATE ||
-            message == WM_SETTINGCHANGE || message == WM_NCCREATE || message == WM_USER) {
+            message == WM_SETTINGCHANGE || message == WM_NCCREATE || message == WM_NCDESTROY ||
+            message == WM_USER) {
             calls.push_back("WndProc " + std::to_string(message));
             handleSeen = hwnd_;
             storedObject = GetWindowLongPtrW(hwnd, GWLP_USERDATA);
@@ -80,12 +82,13 @@ TEST(WndBaseTest, RegisterDoesNothingOnceTheWindowExists) {
     EXPECT_EQ(std::u16string(window.ClassName().c_str()), u"OrvaWndCls");
 }
 
-TEST(WndBaseTest, ObjectIsAttachedAtCreate) {
+TEST(WndBaseTest, ObjectIsAttachedAtTheFirstMessage) {
     Recorder window;
     HWND hwnd = MakeWindow(window);
     ASSERT_NE(hwnd, nullptr);
-    ASSERT_FALSE(window.calls.empty());
-    EXPECT_EQ(window.calls.front(), "WndProc 1");  // nothing before WM_CREATE reaches the object
+    ASSERT_GE(window.calls.size(), 2u);
+    EXPECT_EQ(window.calls.front(), "WndProc 129");  // WM_NCCREATE, the window's first message
+    EXPECT_NE(std::find(window.calls.begin(), window.calls.end(), "WndProc 1"), window.calls.end());
     EXPECT_EQ(window.handleSeen, hwnd);
     EXPECT_EQ(window.storedObject, reinterpret_cast<LONG_PTR>(&window));
     EXPECT_EQ(window.Hwnd(), hwnd);
@@ -199,6 +202,84 @@ TEST(WndBaseTest, WindowOfAClassWithoutObjectUsesDefaultProcessing) {
     ASSERT_NE(hwnd, nullptr);
     EXPECT_EQ(GetWindowLongPtrW(hwnd, GWLP_USERDATA), 0);
     DestroyWindow(hwnd);
+}
+
+TEST(WndBaseTest, NcDestroyIsTheLastMessageAndDetachesTheObject) {
+    Recorder window;
+    HWND hwnd = MakeWindow(window);
+    ASSERT_NE(hwnd, nullptr);
+    window.calls.clear();
+    DestroyWindow(hwnd);
+    ASSERT_FALSE(window.calls.empty());
+    EXPECT_EQ(window.calls.back(), "WndProc 130");  // WM_NCDESTROY
+    EXPECT_EQ(window.storedObject, 0);              // the slot is cleared before the object sees it
+    EXPECT_EQ(window.Hwnd(), nullptr);
+}
+
+TEST(WndBaseTest, DerivedDestroyHandlerRunsWhenTheParentIsDestroyed) {
+    Recorder parent;
+    HWND parentHwnd = MakeWindow(parent);
+    ASSERT_NE(parentHwnd, nullptr);
+    Recorder child;
+    ASSERT_NE(child.Create(0, L"child", WS_CHILD, 0, 0, 10, 10, parentHwnd), nullptr);
+    child.calls.clear();
+    DestroyWindow(parentHwnd);
+    EXPECT_NE(std::find(child.calls.begin(), child.calls.end(), "WndProc 2"), child.calls.end());
+    EXPECT_EQ(child.Hwnd(), nullptr);
+}
+
+// A window object that deletes itself in its WM_DESTROY handler, as one-use windows do.
+class SelfDeleting : public WndBase {
+  public:
+    LRESULT WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_DESTROY) {
+            delete this;
+            return 0;
+        }
+        return WndBase::WndProc(hwnd, message, wParam, lParam);
+    }
+};
+
+// Sees every message sent to one window before its procedure does.
+HWND gWatched = nullptr;
+LONG_PTR gSlotAtNcDestroy = -1;
+LRESULT CALLBACK WatchSentMessages(int code, WPARAM wParam, LPARAM lParam) {
+    const auto* sent = reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION && sent->hwnd == gWatched && sent->message == WM_NCDESTROY)
+        gSlotAtNcDestroy = GetWindowLongPtrW(sent->hwnd, GWLP_USERDATA);
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+TEST(WndBaseTest, ObjectDeletedBeforeItsWindowNeverSeesAnotherMessage) {
+    auto* window = new SelfDeleting();
+    HWND hwnd = MakeWindow(*window);
+    ASSERT_NE(hwnd, nullptr);
+    gWatched = hwnd;
+    gSlotAtNcDestroy = -1;
+    HHOOK hook =
+        SetWindowsHookExW(WH_CALLWNDPROC, WatchSentMessages, nullptr, GetCurrentThreadId());
+    ASSERT_NE(hook, nullptr);
+    DestroyWindow(hwnd);  // WM_DESTROY deletes the object; WM_NCDESTROY still follows
+    UnhookWindowsHookEx(hook);
+    EXPECT_EQ(gSlotAtNcDestroy, 0);  // the dead object is no longer named by its window
+    EXPECT_FALSE(IsWindow(hwnd));
+}
+
+TEST(WndBaseTest, DestructorDetachesBeforeDestroying) {
+    HWND hwnd = nullptr;
+    gSlotAtNcDestroy = -1;
+    HHOOK hook =
+        SetWindowsHookExW(WH_CALLWNDPROC, WatchSentMessages, nullptr, GetCurrentThreadId());
+    ASSERT_NE(hook, nullptr);
+    {
+        Recorder window;
+        hwnd = MakeWindow(window);
+        ASSERT_NE(hwnd, nullptr);
+        gWatched = hwnd;
+    }
+    UnhookWindowsHookEx(hook);
+    EXPECT_EQ(gSlotAtNcDestroy, 0);
+    EXPECT_FALSE(IsWindow(hwnd));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "contacts/PhotoFit.h"
+#include "base/PhotoFit.h"
 
 int32_t MulDivRound(int32_t a, int32_t b, int32_t c) {
     if (c == 0)

@@ -1,4 +1,4 @@
-#include "platform/Gdi.h"
+#include "win/Gdi.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "app/ScreenRotation.h"
+#include "win/ScreenRotation.h"
 
 #include <vector>
 
-#include "app/ScreenInfo.h"
+#include "base/ScreenInfo.h"
 #include "platform/DeviceProfile.h"
 
 namespace {

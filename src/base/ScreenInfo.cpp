@@ -1,4 +1,4 @@
-#include "app/ScreenInfo.h"
+#include "base/ScreenInfo.h"
 
 namespace {
 

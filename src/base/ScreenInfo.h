@@ -29,6 +29,15 @@ const ScreenInfo& Screen();
 /// Replaces the process-wide record (start-up does it once; tests pick a screen with it).
 void SetScreen(const ScreenInfo& info);
 
+/// The measured resolutions; before start-up has measured the screen (tests, tools) the design
+/// resolution of 96 stands in.
+inline int EffectiveDpiX() {
+    return Screen().dpiX != 0 ? Screen().dpiX : 96;
+}
+inline int EffectiveDpiY() {
+    return Screen().dpiY != 0 ? Screen().dpiY : 96;
+}
+
 /// The bar height of the measured screen.
 inline int BarHeight() {
     return BarHeightAt(Screen().dpiY);

@@ -18,7 +18,9 @@ constexpr UINT kRedrawOnResize = CS_HREDRAW | CS_VREDRAW;
 class WndBase {
   public:
     WndBase() = default;
-    /// Frees the class name; destroys the window if it is still alive.
+    /// Frees the class name; detaches the object from its window and destroys the window if it
+    /// is still alive. The derived parts are gone by then, so a window whose WM_DESTROY handler
+    /// must run destroys its window in its own destructor.
     virtual ~WndBase();
     WndBase(const WndBase&) = delete;
     WndBase& operator=(const WndBase&) = delete;
@@ -47,13 +49,14 @@ class WndBase {
     HWND Create(DWORD exStyle, const wchar_t* title, DWORD style, int x, int y, int width,
                 int height, HWND parent);
 
-    /// The window; null before WM_CREATE and after WM_DESTROY.
+    /// The window; null before WM_NCCREATE and after WM_DESTROY.
     HWND Hwnd() const { return hwnd_; }
     /// The class name this object registered; empty before Register.
     const Str& ClassName() const { return className_; }
 
-    /// The procedure of every class the objects register: attaches the object on WM_CREATE,
-    /// detaches the handle after WM_DESTROY, and routes every message to the object.
+    /// The procedure of every class the objects register: attaches the object on WM_NCCREATE
+    /// (the window's first message), clears the handle after WM_DESTROY, detaches the object on
+    /// WM_NCDESTROY (its last), and routes every message in between to the object.
     static LRESULT CALLBACK StaticWndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
   protected:

@@ -1,4 +1,4 @@
-#include "contacts/PhotoFit.h"
+#include "base/PhotoFit.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,60 @@
+#pragma once
+// Resource identifiers shared by the program's code and its resource scripts (.rc files read
+// these definitions too, so they are preprocessor macros).
+
+// Menus and dialogs in the program's own module.
+#define IDR_SOFTKEYS 122      // menu: the board's two soft keys
+#define IDR_OK_CANCEL 113     // menu: the dialogs' OK / Cancel soft keys
+#define IDD_RENAME 112        // dialog: rename a button
+#define IDC_RENAME_EDIT 1073  // rename dialog: the name
+#define IDC_RENAME_LIST 1074  // rename dialog: the suggestions
+
+// The board's window commands (WM_COMMAND's low word). 1 and 2 (the dialogs' OK and Cancel, the
+// End-call key) close the board too.
+#define IDM_PREV_PAGE 101     // previous page (the panel's Prev)
+#define IDM_NEXT_PAGE 102     // next page (the panel's Next)
+#define IDM_MAIN_MENU 103     // open the main menu (the panel's Menu)
+#define IDM_CLOSE 104         // close, not forced (the panel's Close)
+#define IDM_SORT_BY_NAME 105  // sort the entries by name
+#define IDM_CLEAR_ALL 106     // clear the whole board, after asking
+#define IDM_RENAME 107        // rename the selected button
+#define IDM_CLEAR_BUTTON 108  // clear the selected button
+#define IDM_CLOSE_BOARD 109   // close, not forced
+#define IDM_MOVE_UP 110       // move the selected button up
+#define IDM_MOVE_DOWN 111     // ... down
+#define IDM_MOVE_LEFT 112     // ... left
+#define IDM_MOVE_RIGHT 113    // ... right
+#define IDM_PANEL_PREV 40025  // previous page from the panel arrow, without vibration
+#define IDM_PANEL_NEXT 40027  // next page from the panel arrow, without vibration
+#define IDM_PHONE_FIRST 201   // context menu: the contact's numbers, from here upwards
+#define IDM_CALL_FIRST 300    // context menu: the call item
+
+// Texts of the resource libraries.
+#define IDS_UNNAMED 107
+#define IDS_SHOW_DIALER_BUTTON 108
+#define IDS_CLEAR_NUMBER 109
+#define IDS_CALL 110
+#define IDS_SEND_SMS 111
+#define IDS_RENAME 112
+#define IDS_DIALER_BUTTON 113
+#define IDS_CLEAR 114
+#define IDS_PHONE 115
+#define IDS_CLEAR_ALL_QUESTION 116
+#define IDS_UP 117
+#define IDS_DOWN 118
+#define IDS_LEFT 119
+#define IDS_RIGHT 120
+#define IDS_MOVE 121
+#define IDS_SORT_BY_NAME 122
+#define IDS_CLEAR_ALL 123
+#define IDS_ADD_PAGE 124
+#define IDS_DELETE_PAGE 125
+#define IDS_BIG_BUTTONS 126
+#define IDS_SHOW_PHONE_TYPE 127
+#define IDS_PREV 129
+#define IDS_NEXT 130
+#define IDS_MENU 131
+#define IDS_CLOSE 132
+#define IDS_VIEW 133
+#define IDS_EXIT 134
+#define IDS_NEW_SMS 135

@@ -1,0 +1,3 @@
+#pragma once
+#include "base/Text.h"
+#include "win/WndBase.h"

@@ -14,7 +14,20 @@ class Object {
     ~Object() { Reset(); }
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
+    /// Ownership moves; the source is left empty, so one object never has two owners.
+    Object(Object&& other) noexcept : handle_(other.Release()) {}
+    Object& operator=(Object&& other) noexcept {
+        if (this != &other)
+            Reset(other.Release());
+        return *this;
+    }
     Handle get() const { return handle_; }
+    /// Gives up ownership: the caller deletes the returned object.
+    Handle Release() {
+        Handle handle = handle_;
+        handle_ = nullptr;
+        return handle;
+    }
     explicit operator bool() const { return handle_ != nullptr; }
     /// Deletes the held object and takes `handle` instead.
     void Reset(Handle handle = nullptr) {

@@ -438,26 +438,26 @@ def sms_header(p, k):
     return canvas
 
 
-# Every named bitmap: name, resource number, how it is drawn.
+# Every named bitmap: name, resource id (src/base/ResourceIds.h), how it is drawn.
 BITMAPS = [
-    ("btn_number_frame", 120, lambda p, k: number_frame(p, k)),
-    ("list_unselect_bgr", 156, lambda p, k: plain(p.list_row, LIST_TILE, k)),
-    ("list_select_bgr", 154, lambda p, k: plain(p.list_selected, LIST_TILE, k)),
-    ("list_void_bgr", 158, lambda p, k: plain(p.list_void, LIST_TILE, k)),
-    ("scroll", 140, lambda p, k: thumb(p, k)),
-    ("sms_bgr", 142, lambda p, k: sms_header(p, k)),
-    ("small_btn_text", 115, lambda p, k: text_face(p, SMALL_CELL, SMALL_RADIUS, k)),
-    ("big_btn_text", 106, lambda p, k: text_face(p, BIG_CELL, BIG_RADIUS, k)),
-    ("small_btn_add", 113, lambda p, k: add_face(p, SMALL_CELL, SMALL_RADIUS, k)),
-    ("big_btn_add", 109, lambda p, k: add_face(p, BIG_CELL, BIG_RADIUS, k)),
-    ("small_photo_frame", 110, lambda p, k: photo_frame(p, SMALL_CELL, SMALL_RADIUS, k)),
-    ("big_photo_frame", 101, lambda p, k: photo_frame(p, BIG_CELL, BIG_RADIUS, k)),
-    ("small_active_frame", 111, lambda p, k: active_frame(p, SMALL_CELL, SMALL_RADIUS, k)),
-    ("big_active_frame", 102, lambda p, k: active_frame(p, BIG_CELL, BIG_RADIUS, k)),
-    ("l_panel_1", 133, lambda p, k: panel_1(p, k, True)),
-    ("p_panel_1", 137, lambda p, k: panel_1(p, k, False)),
-    ("l_panel_2", 135, lambda p, k: panel_2(p, k, True)),
-    ("p_panel_2", 132, lambda p, k: panel_2(p, k, False)),
+    ("btn_number_frame", "IDB_NUMBER_FRAME", lambda p, k: number_frame(p, k)),
+    ("list_unselect_bgr", "IDB_LIST_UNSELECTED", lambda p, k: plain(p.list_row, LIST_TILE, k)),
+    ("list_select_bgr", "IDB_LIST_SELECTED", lambda p, k: plain(p.list_selected, LIST_TILE, k)),
+    ("list_void_bgr", "IDB_LIST_VOID", lambda p, k: plain(p.list_void, LIST_TILE, k)),
+    ("scroll", "IDB_SCROLL", lambda p, k: thumb(p, k)),
+    ("sms_bgr", "IDB_SMS_HEADER", lambda p, k: sms_header(p, k)),
+    ("small_btn_text", "IDB_SMALL_FACE", lambda p, k: text_face(p, SMALL_CELL, SMALL_RADIUS, k)),
+    ("big_btn_text", "IDB_BIG_FACE", lambda p, k: text_face(p, BIG_CELL, BIG_RADIUS, k)),
+    ("small_btn_add", "IDB_SMALL_ADD_FACE", lambda p, k: add_face(p, SMALL_CELL, SMALL_RADIUS, k)),
+    ("big_btn_add", "IDB_BIG_ADD_FACE", lambda p, k: add_face(p, BIG_CELL, BIG_RADIUS, k)),
+    ("small_photo_frame", "IDB_SMALL_PHOTO_FRAME", lambda p, k: photo_frame(p, SMALL_CELL, SMALL_RADIUS, k)),
+    ("big_photo_frame", "IDB_BIG_PHOTO_FRAME", lambda p, k: photo_frame(p, BIG_CELL, BIG_RADIUS, k)),
+    ("small_active_frame", "IDB_SMALL_ACTIVE_FRAME", lambda p, k: active_frame(p, SMALL_CELL, SMALL_RADIUS, k)),
+    ("big_active_frame", "IDB_BIG_ACTIVE_FRAME", lambda p, k: active_frame(p, BIG_CELL, BIG_RADIUS, k)),
+    ("l_panel_1", "IDB_LANDSCAPE_PANEL_1", lambda p, k: panel_1(p, k, True)),
+    ("p_panel_1", "IDB_PORTRAIT_PANEL_1", lambda p, k: panel_1(p, k, False)),
+    ("l_panel_2", "IDB_LANDSCAPE_PANEL_2", lambda p, k: panel_2(p, k, True)),
+    ("p_panel_2", "IDB_PORTRAIT_PANEL_2", lambda p, k: panel_2(p, k, False)),
 ]
 
 # The sample skin replaces a few bitmaps, drawn for high-resolution screens. The panel images
@@ -484,10 +484,12 @@ def render_resources():
     for dpi, k in ((96, 1), (192, 2)):
         lines = ["// The skin bitmaps drawn at %d dots per inch, one line each: "
                  "<id> BITMAP \"<file>.bmp\"." % dpi,
-                 "// Rendered by res/art/generate.py; do not edit by hand."]
-        for name, number, draw in BITMAPS:
+                 "// The ids are those of src/base/ResourceIds.h.",
+                 "// Rendered by res/art/generate.py; do not edit by hand.",
+                 "#include \"base/ResourceIds.h\"", ""]
+        for name, ident, draw in BITMAPS:
             write_bmp(os.path.join(HERE, str(dpi), name + ".bmp"), draw(DEFAULT, k), dpi)
-            lines.append('%d BITMAP "art/%d/%s.bmp"' % (number, dpi, name))
+            lines.append('%s BITMAP "art/%d/%s.bmp"' % (ident, dpi, name))
         with open(os.path.join(RES, "Bitmaps%d.rc" % dpi), "w", newline="\n") as f:
             f.write("\n".join(lines) + "\n")
 

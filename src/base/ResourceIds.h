@@ -58,3 +58,23 @@
 #define IDS_VIEW 133
 #define IDS_EXIT 134
 #define IDS_NEW_SMS 135
+
+// Skin bitmaps of the resource libraries (a skin folder's "<name>.bmp" replaces each).
+#define IDB_NUMBER_FRAME 120        // btn_number_frame: the dialer number's frame
+#define IDB_LIST_UNSELECTED 156     // list_unselect_bgr: a list row
+#define IDB_LIST_SELECTED 154       // list_select_bgr: the selected list row
+#define IDB_LIST_VOID 158           // list_void_bgr: the list below its last row
+#define IDB_SCROLL 140              // scroll: the scroll thumb
+#define IDB_SMS_HEADER 142          // sms_bgr: the message panel's header
+#define IDB_SMALL_FACE 115          // small_btn_text: small button face
+#define IDB_BIG_FACE 106            // big_btn_text: big button face
+#define IDB_SMALL_ADD_FACE 113      // small_btn_add: small free button face
+#define IDB_BIG_ADD_FACE 109        // big_btn_add: big free button face
+#define IDB_SMALL_PHOTO_FRAME 110   // small_photo_frame: small photo frame
+#define IDB_BIG_PHOTO_FRAME 101     // big_photo_frame: big photo frame
+#define IDB_SMALL_ACTIVE_FRAME 111  // small_active_frame: small selection frame
+#define IDB_BIG_ACTIVE_FRAME 102    // big_active_frame: big selection frame
+#define IDB_LANDSCAPE_PANEL_1 133   // l_panel_1: landscape panel: Prev, Next
+#define IDB_PORTRAIT_PANEL_1 137    // p_panel_1: portrait panel: Prev, Next
+#define IDB_LANDSCAPE_PANEL_2 135   // l_panel_2: landscape panel: Menu, Close
+#define IDB_PORTRAIT_PANEL_2 132    // p_panel_2: portrait panel: Menu, Close

@@ -42,10 +42,10 @@ struct ButtonBitmap {
     const char16_t* bigName;
 };
 constexpr ButtonBitmap kButtonBitmaps[] = {
-    {115, u"small_btn_text", 106, u"big_btn_text"},
-    {113, u"small_btn_add", 109, u"big_btn_add"},
-    {110, u"small_photo_frame", 101, u"big_photo_frame"},
-    {111, u"small_active_frame", 102, u"big_active_frame"},
+    {IDB_SMALL_FACE, u"small_btn_text", IDB_BIG_FACE, u"big_btn_text"},
+    {IDB_SMALL_ADD_FACE, u"small_btn_add", IDB_BIG_ADD_FACE, u"big_btn_add"},
+    {IDB_SMALL_PHOTO_FRAME, u"small_photo_frame", IDB_BIG_PHOTO_FRAME, u"big_photo_frame"},
+    {IDB_SMALL_ACTIVE_FRAME, u"small_active_frame", IDB_BIG_ACTIVE_FRAME, u"big_active_frame"},
 };
 
 LOGFONTW SystemFontDescription() {

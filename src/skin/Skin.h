@@ -8,6 +8,7 @@
 
 #include <cstdint>
 
+#include "base/ResourceIds.h"
 #include "base/Str.h"
 #include "skin/SkinMetrics.h"
 
@@ -28,16 +29,16 @@ struct SkinColours {
 
 /// Resource numbers of the named bitmaps in the resource libraries.
 namespace skin_bitmap {
-constexpr uint32_t kNumberFrame = 120;
-constexpr uint32_t kListUnselected = 156;
-constexpr uint32_t kListSelected = 154;
-constexpr uint32_t kListVoid = 158;
-constexpr uint32_t kScroll = 140;
-constexpr uint32_t kSmsHeader = 142;
-constexpr uint32_t kLandscapePanel1 = 133;
-constexpr uint32_t kPortraitPanel1 = 137;
-constexpr uint32_t kLandscapePanel2 = 135;
-constexpr uint32_t kPortraitPanel2 = 132;
+constexpr uint32_t kNumberFrame = IDB_NUMBER_FRAME;
+constexpr uint32_t kListUnselected = IDB_LIST_UNSELECTED;
+constexpr uint32_t kListSelected = IDB_LIST_SELECTED;
+constexpr uint32_t kListVoid = IDB_LIST_VOID;
+constexpr uint32_t kScroll = IDB_SCROLL;
+constexpr uint32_t kSmsHeader = IDB_SMS_HEADER;
+constexpr uint32_t kLandscapePanel1 = IDB_LANDSCAPE_PANEL_1;
+constexpr uint32_t kPortraitPanel1 = IDB_PORTRAIT_PANEL_1;
+constexpr uint32_t kLandscapePanel2 = IDB_LANDSCAPE_PANEL_2;
+constexpr uint32_t kPortraitPanel2 = IDB_PORTRAIT_PANEL_2;
 }  // namespace skin_bitmap
 
 /// The four bitmaps that follow the button size, in loading order.

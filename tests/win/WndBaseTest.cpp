@@ -22,6 +22,8 @@ class Recorder : public WndBase {
             calls.push_back("WndProc " + std::to_string(message));
             handleSeen = hwnd_;
             storedObject = GetWindowLongPtrW(hwnd, GWLP_USERDATA);
+            if (message == WM_DESTROY)
+                handleAtDestroy = hwnd_;
         }
         return WndBase::WndProc(hwnd, message, wParam, lParam);
     }
@@ -41,6 +43,7 @@ class Recorder : public WndBase {
 
     std::vector<std::string> calls;
     HWND handleSeen = nullptr;
+    HWND handleAtDestroy = nullptr;
     LONG_PTR storedObject = 0;
 };
 
@@ -136,7 +139,7 @@ TEST(WndBaseTest, DestroyDetachesTheHandleAfterWndProc) {
     DestroyWindow(hwnd);
     ASSERT_FALSE(window.calls.empty());
     EXPECT_EQ(window.calls[0], "WndProc 2");
-    EXPECT_EQ(window.handleSeen, hwnd);  // still set while WM_DESTROY runs
+    EXPECT_EQ(window.handleAtDestroy, hwnd);  // still set while WM_DESTROY runs
     EXPECT_EQ(window.Hwnd(), nullptr);
 }
 

@@ -215,6 +215,11 @@ TEST(WindowTimersTest, SystemStopRemovesQueuedTicks) {
     HWND hwnd = window.Make();
     ASSERT_NE(hwnd, nullptr);
     ASSERT_TRUE(Timers().Start(hwnd, kHold, 10));
+    // Waits (a bounded few tens of milliseconds) until the real timer's tick is due.
+    DWORD start = GetTickCount();
+    while (HIWORD(GetQueueStatus(QS_TIMER)) == 0 && GetTickCount() - start < 2000)
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_TIMER);
+    ASSERT_NE(HIWORD(GetQueueStatus(QS_TIMER)), 0u);
     PostMessageW(hwnd, WM_TIMER, kHold, 0);
     PostMessageW(hwnd, WM_TIMER, kFrame, 0);
     Timers().Stop(hwnd, kHold);

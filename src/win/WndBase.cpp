@@ -99,7 +99,10 @@ LRESULT CALLBACK WndBase::StaticWndProc(HWND hwnd, UINT message, WPARAM wParam, 
     switch (message) {
         case WM_DESTROY: {
             LRESULT result = object->WndProc(hwnd, message, wParam, lParam);
-            object->hwnd_ = nullptr;
+            // A one-use window may have deleted its object in WM_DESTROY (its destructor
+            // detached it): only a still-attached object may be touched.
+            if (AttachedObject(hwnd) == object)
+                object->hwnd_ = nullptr;
             return result;
         }
         case WM_NCDESTROY:

@@ -221,9 +221,10 @@ TEST_F(ButtonPanelTest, DisabledButtonIgnoresPressesAndShowsItsDisabledCell) {
     HGDIOBJ old = SelectObject(dc, target);
     RECT all{0, 0, 240, 34};
     panel.Paint(dc, all);
-    HBITMAP image = skin_->LoadSkinBitmap(skin_bitmap::kPortraitPanel1, u"p_panel_1");
+    const gdi::Object<HBITMAP> image =
+        skin_->LoadSkinBitmap(skin_bitmap::kPortraitPanel1, u"p_panel_1");
     HDC source = CreateCompatibleDC(nullptr);
-    HGDIOBJ oldSource = SelectObject(source, image);
+    HGDIOBJ oldSource = SelectObject(source, image.get());
     const Point disabled = panel.Button(0).art.disabled;
     const Point normal = panel.Button(0).art.normal;
     const int x = 28;
@@ -232,7 +233,6 @@ TEST_F(ButtonPanelTest, DisabledButtonIgnoresPressesAndShowsItsDisabledCell) {
     EXPECT_NE(GetPixel(dc, x, y), GetPixel(source, normal.x + x, normal.y + y));
     SelectObject(source, oldSource);
     DeleteDC(source);
-    DeleteObject(image);
     SelectObject(dc, old);
     DeleteObject(target);
     DeleteDC(dc);

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+#include "base/ButtonFaces.h"
 #include "base/Geometry.h"
 #include "base/ResourceIds.h"
 
@@ -16,14 +17,9 @@ constexpr uint32_t kPanelCaptions[4] = {IDS_PREV, IDS_NEXT, IDS_MENU, IDS_CLOSE}
 /// The button that acts on press instead of release.
 constexpr int32_t kPanelMenuButton = 2;
 
-/// One button's size and its three source points in its image.
-struct PanelButtonArt {
-    int32_t width = 0;
-    int32_t height = 0;
-    Point normal;
-    Point pressed;
-    Point disabled;  ///< the Menu and Close images have no disabled cell: their normal one
-};
+/// One button's size and its three source points in its image; the Menu and Close images have no
+/// disabled cell, so theirs repeats the normal one.
+using PanelButtonArt = ButtonCell;
 
 /// Button art of all four buttons from the sizes of the two images.
 void PanelButtonsFromImages(bool landscape, int32_t w1, int32_t h1, int32_t w2, int32_t h2,
@@ -36,9 +32,7 @@ Rect PanelButtonRect(int32_t index, const Rect& client, bool landscape,
 
 /// The source point drawn: pressed, else normal when enabled, else disabled.
 inline Point PanelSourcePoint(const PanelButtonArt& art, bool pressed, bool enabled) {
-    if (pressed)
-        return art.pressed;
-    return enabled ? art.normal : art.disabled;
+    return CellSourcePoint(art, pressed, enabled);
 }
 
 /// Larger of the two panel images' extents across the bar: what the board reserves for it.

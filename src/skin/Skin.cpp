@@ -138,16 +138,16 @@ HFONT Skin::CreateFontFrom(const FontChoice& choice) const {
     return CreateFontIndirectW(&lf);
 }
 
-HBITMAP Skin::LoadSkinBitmap(uint32_t resourceId, const char16_t* name) const {
+gdi::Object<HBITMAP> Skin::LoadSkinBitmap(uint32_t resourceId, const char16_t* name) const {
     if (name != nullptr) {
         Str path;
         path.Format(u"%s\\%s.bmp", folder_.c_str(), name);
         if (HBITMAP bitmap = DecodeImageFile(GetImagingFactory(), W(path.c_str())))
-            return bitmap;
+            return gdi::Object<HBITMAP>(bitmap);
     }
     if (library_ == nullptr)
-        return nullptr;
-    return LoadBitmapW(library_, MAKEINTRESOURCEW(resourceId));
+        return gdi::Object<HBITMAP>();
+    return gdi::Object<HBITMAP>(LoadBitmapW(library_, MAKEINTRESOURCEW(resourceId)));
 }
 
 bool Skin::SetBigButtons(bool big) {
@@ -162,7 +162,8 @@ bool Skin::SetBigButtons(bool big) {
             DeleteObject(buttons_[i]);
         const ButtonBitmap& b = kButtonBitmaps[i];
         buttons_[i] =
-            big ? LoadSkinBitmap(b.bigId, b.bigName) : LoadSkinBitmap(b.smallId, b.smallName);
+            (big ? LoadSkinBitmap(b.bigId, b.bigName) : LoadSkinBitmap(b.smallId, b.smallName))
+                .Release();
     }
     SIZE face = BitmapSize(buttons_[static_cast<int32_t>(ButtonArt::kFace)]);
     cellW_ = face.cx / 2;  // normal and pressed faces side by side

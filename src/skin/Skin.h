@@ -11,6 +11,7 @@
 #include "base/ResourceIds.h"
 #include "base/Str.h"
 #include "skin/SkinMetrics.h"
+#include "win/Gdi.h"
 
 class IniFile;
 
@@ -63,8 +64,8 @@ class Skin {
     /// Creates each of the three fonts that is still null.
     void CreateDefaultFonts();
     /// Folder\name.bmp through the image loader, else bitmap `resourceId` of the resource
-    /// library; null when neither has it. The caller owns the bitmap.
-    HBITMAP LoadSkinBitmap(uint32_t resourceId, const char16_t* name) const;
+    /// library; empty when neither has it.
+    gdi::Object<HBITMAP> LoadSkinBitmap(uint32_t resourceId, const char16_t* name) const;
 
     /// Switches the button size: nothing when it is the current one; otherwise stores
     /// "DdBigBtn", replaces the four button bitmaps and measures the cell from the face (half

@@ -127,15 +127,14 @@ void BoardWindow::CreatePanel() {
 // The board's own bitmaps, lent to the picker and the message panel.
 void BoardWindow::LoadBoardBitmaps() {
     if (!numberFrame_)
-        numberFrame_.Reset(skin_->LoadSkinBitmap(skin_bitmap::kNumberFrame, u"btn_number_frame"));
+        numberFrame_ = skin_->LoadSkinBitmap(skin_bitmap::kNumberFrame, u"btn_number_frame");
     if (!listUnselected_) {
-        listUnselected_.Reset(
-            skin_->LoadSkinBitmap(skin_bitmap::kListUnselected, u"list_unselect_bgr"));
-        listSelected_.Reset(skin_->LoadSkinBitmap(skin_bitmap::kListSelected, u"list_select_bgr"));
-        listVoid_.Reset(skin_->LoadSkinBitmap(skin_bitmap::kListVoid, u"list_void_bgr"));
+        listUnselected_ = skin_->LoadSkinBitmap(skin_bitmap::kListUnselected, u"list_unselect_bgr");
+        listSelected_ = skin_->LoadSkinBitmap(skin_bitmap::kListSelected, u"list_select_bgr");
+        listVoid_ = skin_->LoadSkinBitmap(skin_bitmap::kListVoid, u"list_void_bgr");
     }
     if (!scroll_)
-        scroll_.Reset(skin_->LoadSkinBitmap(skin_bitmap::kScroll, u"scroll"));
+        scroll_ = skin_->LoadSkinBitmap(skin_bitmap::kScroll, u"scroll");
 }
 
 void BoardWindow::HideInputPanel() {

@@ -1,5 +1,6 @@
 // The soft-key panel under Wine: images by orientation, button rectangles, presses with the
-// capture, the Menu button's act-on-press and disabled buttons.
+// capture, the Menu button's act-on-press, disabled buttons, a press dropped when the capture
+// goes elsewhere, and WM_PRINTCLIENT.
 #include "skin/ButtonPanel.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "ScreenShot.h"
 #include "base/Alert.h"
 #include "base/ScreenInfo.h"
 #include "platform/DeviceProfile.h"
@@ -56,6 +58,15 @@ class Parent {
     }
     HWND hwnd_;
 };
+
+/// What WM_PRINTCLIENT draws of a window's client area.
+shot::Image PrintClient(HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    shot::Canvas canvas(client.right, client.bottom);
+    SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.Dc()), PRF_CLIENT);
+    return canvas.Snapshot();
+}
 
 int QuietAlert(const char16_t*, const char16_t*, uint32_t) {
     return kAlertAnswerOk;
@@ -221,9 +232,10 @@ TEST_F(ButtonPanelTest, DisabledButtonIgnoresPressesAndShowsItsDisabledCell) {
     HGDIOBJ old = SelectObject(dc, target);
     RECT all{0, 0, 240, 34};
     panel.Paint(dc, all);
-    HBITMAP image = skin_->LoadSkinBitmap(skin_bitmap::kPortraitPanel1, u"p_panel_1");
+    const gdi::Object<HBITMAP> image =
+        skin_->LoadSkinBitmap(skin_bitmap::kPortraitPanel1, u"p_panel_1");
     HDC source = CreateCompatibleDC(nullptr);
-    HGDIOBJ oldSource = SelectObject(source, image);
+    HGDIOBJ oldSource = SelectObject(source, image.get());
     const Point disabled = panel.Button(0).art.disabled;
     const Point normal = panel.Button(0).art.normal;
     const int x = 28;
@@ -232,10 +244,57 @@ TEST_F(ButtonPanelTest, DisabledButtonIgnoresPressesAndShowsItsDisabledCell) {
     EXPECT_NE(GetPixel(dc, x, y), GetPixel(source, normal.x + x, normal.y + y));
     SelectObject(source, oldSource);
     DeleteDC(source);
-    DeleteObject(image);
     SelectObject(dc, old);
     DeleteObject(target);
     DeleteDC(dc);
+}
+
+TEST_F(ButtonPanelTest, CaptureTakenElsewhereDropsThePress) {
+    ButtonPanel& panel = MakePanel(240, 34);
+    const shot::Image normal = PrintClient(panel.Hwnd());
+    RECT next{};
+    panel.GetButtonRect(1, next);
+    Send(WM_LBUTTONDOWN, Centre(next));
+    ASSERT_TRUE(panel.Button(1).pressed);
+    ASSERT_NE(PrintClient(panel.Hwnd()).pixels, normal.pixels);
+    // A menu or a dialog takes the stylus: the panel gets WM_CAPTURECHANGED.
+    SetCapture(parent_.Hwnd());
+    EXPECT_FALSE(panel.Button(1).pressed);
+    EXPECT_EQ(panel.PressedButton(), -1);
+    EXPECT_EQ(PrintClient(panel.Hwnd()).pixels, normal.pixels);
+    ReleaseCapture();
+    Send(WM_LBUTTONUP, Centre(next));
+    EXPECT_TRUE(Parent::commands().empty());
+}
+
+TEST_F(ButtonPanelTest, CancelModeDropsThePressAndTheCapture) {
+    ButtonPanel& panel = MakePanel(240, 34);
+    const shot::Image normal = PrintClient(panel.Hwnd());
+    RECT close{};
+    panel.GetButtonRect(3, close);
+    Send(WM_LBUTTONDOWN, Centre(close));
+    ASSERT_TRUE(panel.Button(3).pressed);
+    ASSERT_NE(PrintClient(panel.Hwnd()).pixels, normal.pixels);
+    SendMessageW(panel.Hwnd(), WM_CANCELMODE, 0, 0);
+    EXPECT_FALSE(panel.Button(3).pressed);
+    EXPECT_EQ(panel.PressedButton(), -1);
+    EXPECT_NE(GetCapture(), panel.Hwnd());
+    EXPECT_EQ(PrintClient(panel.Hwnd()).pixels, normal.pixels);
+    Send(WM_LBUTTONUP, Centre(close));
+    EXPECT_TRUE(Parent::commands().empty());
+}
+
+TEST_F(ButtonPanelTest, PrintClientDrawsWhatPaintShows) {
+    ButtonPanel& panel = MakePanel(240, 34);
+    panel.SetButtonEnabled(1, false);
+    SetForegroundWindow(parent_.Hwnd());
+    RedrawWindow(panel.Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    shot::Image painted;
+    ASSERT_TRUE(shot::CaptureClient(panel.Hwnd(), painted));
+    const shot::Image printed = PrintClient(panel.Hwnd());
+    ASSERT_EQ(painted.width, printed.width);
+    ASSERT_EQ(painted.height, printed.height);
+    EXPECT_EQ(painted.pixels, printed.pixels);
 }
 
 }  // namespace

@@ -176,19 +176,19 @@ TEST_F(SkinTest, BitmapFromTheSkinFolderFirst) {
     HMODULE library = LoadResources();
     ASSERT_NE(library, nullptr);
     Skin skin(folder_.Folder(), library);
-    HBITMAP fromFolder = skin.LoadSkinBitmap(106, u"big_btn_text");
-    EXPECT_EQ(Skin::BitmapSize(fromFolder).cx, 6);  // the scroll thumb's size, not the face's
-    HBITMAP fromLibrary = skin.LoadSkinBitmap(115, u"small_btn_text");
-    EXPECT_EQ(Skin::BitmapSize(fromLibrary).cx, 108);
-    EXPECT_EQ(skin.LoadSkinBitmap(9999, u"nothing"), nullptr);
-    DeleteObject(fromFolder);
-    DeleteObject(fromLibrary);
+    {
+        const gdi::Object<HBITMAP> fromFolder = skin.LoadSkinBitmap(106, u"big_btn_text");
+        EXPECT_EQ(Skin::BitmapSize(fromFolder.get()).cx, 6);  // the scroll thumb's, not the face's
+        const gdi::Object<HBITMAP> fromLibrary = skin.LoadSkinBitmap(115, u"small_btn_text");
+        EXPECT_EQ(Skin::BitmapSize(fromLibrary.get()).cx, 108);
+        EXPECT_FALSE(skin.LoadSkinBitmap(9999, u"nothing"));
+    }
     FreeLibrary(library);
 }
 
 TEST_F(SkinTest, NoLibraryAndNoFileIsNone) {
     Skin skin(folder_.Folder(), nullptr);
-    EXPECT_EQ(skin.LoadSkinBitmap(106, u"big_btn_text"), nullptr);
+    EXPECT_FALSE(skin.LoadSkinBitmap(106, u"big_btn_text"));
 }
 
 TEST_F(SkinTest, CellSizeFromAFaceOfOddWidth) {

@@ -35,7 +35,8 @@ DialogBase* AttachedObject(HWND hwnd) {
 
 }  // namespace
 
-DialogBase::DialogBase(int templateId) : templateId_(templateId) {}
+DialogBase::DialogBase(int templateId, uint32_t softKeysMenu)
+    : templateId_(templateId), softKeysMenu_(softKeysMenu) {}
 
 DialogBase::~DialogBase() {
     HWND hwnd = hwnd_;
@@ -49,7 +50,6 @@ void DialogBase::Detach() {
     if (hwnd_ != nullptr && AttachedObject(hwnd_) == this)
         SetWindowLongPtrW(hwnd_, DWLP_USER, 0);
     hwnd_ = nullptr;
-    softKeys_ = nullptr;
     std::erase(OpenDialogs(), this);
 }
 
@@ -165,14 +165,6 @@ Rect DialogBase::SoftKeyArea() const {
     return Rect{client.left, top, client.right, client.bottom};
 }
 
-void DialogBase::DockSoftKeys(HWND strip) {
-    softKeys_ = strip;
-    if (softKeys_ == nullptr)
-        return;
-    Rect band = SoftKeyArea();
-    MoveWindow(softKeys_, band.left, band.top, band.Width(), band.Height(), TRUE);
-}
-
 bool DialogBase::RouteDialogMessage(MSG& msg) {
     if (msg.hwnd == nullptr)
         return false;
@@ -188,6 +180,8 @@ INT_PTR DialogBase::DlgProc(HWND, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
             PlaceFullScreen();
+            if (softKeysMenu_ != 0)
+                softKeys_.Create(hwnd_, softKeysMenu_);
             return OnInitDialog(reinterpret_cast<HWND>(wParam)) ? TRUE : FALSE;
         case WM_COMMAND:
             return OnCommand(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam))
@@ -222,7 +216,8 @@ bool DialogBase::OnCommand(int id, int, HWND) {
 }
 
 void DialogBase::OnSize(int, int) {
-    DockSoftKeys(softKeys_);
+    if (softKeys_.Hwnd() != nullptr)
+        softKeys_.Place();
 }
 
 void DialogBase::OnDestroy() {}

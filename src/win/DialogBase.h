@@ -6,8 +6,9 @@
 // DlgProc with one switch that passes each message to a named member.
 //
 // The dialogs fill the board's area as on the device: x 0, below the top bar, the screen's width,
-// down to the bottom of the screen. The bottom band, one bar high, belongs to the OK / Cancel
-// soft-key strip (DockSoftKeys); a dialog lays its own controls out in ContentArea.
+// down to the bottom of the screen. The bottom band, one bar high, holds the dialog's soft-key
+// strip (the device's soft-key bar: the keys of a menu resource, OK / Cancel by default), which
+// sends its commands to the dialog; a dialog lays its own controls out in ContentArea.
 //
 // Keyboard: every message of a modal dialog's loop goes through RouteDialogMessage, so Enter,
 // Escape and Tab work in the modal dialog and in any modeless dialog open at the time. A modeless
@@ -15,12 +16,17 @@
 
 #include <windows.h>
 
+#include <cstdint>
+
 #include "base/Geometry.h"
+#include "base/ResourceIds.h"
+#include "win/SoftKeyStrip.h"
 
 class DialogBase {
   public:
-    /// A dialog made from template `templateId` (RT_DIALOG) of the program's module.
-    explicit DialogBase(int templateId);
+    /// A dialog made from template `templateId` (RT_DIALOG) of the program's module, with the
+    /// soft keys of menu `softKeysMenu` of the program's module (0: none).
+    explicit DialogBase(int templateId, uint32_t softKeysMenu = IDR_OK_CANCEL);
     /// Detaches the object from its window, then destroys the window if it is still alive. The
     /// derived parts are gone by then: a dialog whose WM_DESTROY handler must run ends itself
     /// in its own destructor.
@@ -61,11 +67,10 @@ class DialogBase {
     /// The soft-key band: the bottom bar-height strip of the client area (less when the client
     /// area is lower than a bar).
     Rect SoftKeyArea() const;
-    /// Docks `strip` (a child window of the dialog, or null to forget it) in the soft-key band:
-    /// moved there now and again on every WM_SIZE.
-    void DockSoftKeys(HWND strip);
-    /// The docked soft-key strip; null when none.
-    HWND SoftKeys() const { return softKeys_; }
+    /// The dialog's soft-key strip, made at WM_INITDIALOG (before OnInitDialog, which may dress
+    /// it with the skin's faces) and kept in the soft-key band; its window is null when the
+    /// dialog has none or its menu could not be loaded.
+    SoftKeyStrip& SoftKeys() { return softKeys_; }
 
     /// Offers a message of the thread's loop to the dialog of this program that holds its window
     /// (IsDialogMessage). True when the dialog took it: the loop must not dispatch it again.
@@ -95,8 +100,9 @@ class DialogBase {
     void Detach();
 
     const int templateId_;
+    const uint32_t softKeysMenu_;
     HWND hwnd_ = nullptr;
-    HWND softKeys_ = nullptr;
+    SoftKeyStrip softKeys_;
     int endCode_ = 0;
     bool modal_ = false;
     bool ended_ = false;

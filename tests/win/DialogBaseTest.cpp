@@ -351,15 +351,48 @@ TEST(DialogBaseTest, SoftKeyStripStaysDockedInTheBottomBand) {
     Probe dialog;
     HWND hwnd = dialog.CreateModeless(nullptr, false);
     ASSERT_NE(hwnd, nullptr);
-    HWND strip = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 0, 0, 5, 5, hwnd,
-                                 nullptr, GetModuleHandleW(nullptr), nullptr);
-    ASSERT_NE(strip, nullptr);
-    dialog.DockSoftKeys(strip);
-    EXPECT_EQ(dialog.SoftKeys(), strip);
+    HWND strip = dialog.SoftKeys().Hwnd();
+    ASSERT_NE(strip, nullptr);  // the OK / Cancel keys of the program's menu
+    EXPECT_EQ(GetParent(strip), hwnd);
+    EXPECT_EQ(dialog.SoftKeys().Command(0), static_cast<uint32_t>(IDOK));
+    EXPECT_EQ(dialog.SoftKeys().Command(1), static_cast<uint32_t>(IDCANCEL));
     EXPECT_EQ(ChildRect(strip), (Rect{0, 268, 240, 294}));
     SetWindowPos(hwnd, nullptr, 0, 26, 200, 150, SWP_NOZORDER | SWP_NOACTIVATE);
     EXPECT_EQ(ChildRect(strip), (Rect{0, 124, 200, 150}));
     EXPECT_EQ(dialog.ContentArea(), (Rect{0, 0, 200, 124}));
+}
+
+TEST(DialogBaseTest, ADialogWithoutSoftKeysHasNoStrip) {
+    class NoKeys : public DialogBase {
+      public:
+        NoKeys() : DialogBase(IDD_TEST_PLAIN, 0) {}
+    };
+    NoKeys dialog;
+    HWND hwnd = dialog.CreateModeless(nullptr, false);
+    ASSERT_NE(hwnd, nullptr);
+    EXPECT_EQ(dialog.SoftKeys().Hwnd(), nullptr);
+    EXPECT_EQ(FindWindowExW(hwnd, nullptr, nullptr, nullptr), GetDlgItem(hwnd, IDC_TEST_EDIT));
+}
+
+// Taps a soft key as a person would: stylus down and up in the middle of the key.
+void TapSoftKey(SoftKeyStrip& strip, int index) {
+    const Rect key = strip.ButtonRect(index);
+    const LPARAM at = MAKELPARAM((key.left + key.right) / 2, (key.top + key.bottom) / 2);
+    PostMessageW(strip.Hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, at);
+    PostMessageW(strip.Hwnd(), WM_LBUTTONUP, 0, at);
+}
+
+TEST(DialogBaseTest, SoftKeysEndTheModalDialogWithOkAndCancel) {
+    ScreenGuard guard;
+    ScreenGuard::Pick({480, 640, 192});
+    for (int key : {0, 1}) {
+        Owner owner;
+        ASSERT_NE(owner.Make(), nullptr);
+        Probe dialog;
+        dialog.onInit = [key](Probe& d) { TapSoftKey(d.SoftKeys(), key); };
+        EXPECT_EQ(dialog.RunModal(owner.Hwnd()), key == 0 ? IDOK : IDCANCEL);
+        EXPECT_TRUE(dialog.Saw("OnCommand " + std::to_string(key == 0 ? IDOK : IDCANCEL)));
+    }
 }
 
 TEST(DialogBaseTest, TakeOwnerCaptionCopiesTheTopLevelOwnersTitle) {

@@ -45,8 +45,10 @@ TEST(ServiceCodeTest, FiveCharacterCodeGivesThirtyTwoExactBytes) {
 }
 
 TEST(ServiceCodeTest, EvenLengthLeavesTwoZeroBytesAfterTheTerminator) {
-    const std::vector<uint8_t> expected = {1, 0, 0, 0, 20,  0, 0,   0, 0,   0, 0,   0, 0, 0, 0, 0,
-                                           0, 0, 0, 0, '*', 0, '2', 0, '1', 0, '#', 0, 0, 0, 0, 0};
+    const std::vector<uint8_t> expected = {
+        1,   0, 0,   0, 20,  0, 0,   0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,  // header
+        '*', 0, '2', 0, '1', 0, '#', 0, 0, 0,                                // text, terminator
+        0,   0};                                                             // spare
     EXPECT_EQ(Block(u"*21#"), expected);
 }
 

@@ -35,17 +35,6 @@ std::filesystem::path NewRecordFolder() {
     return folder;
 }
 
-std::vector<std::string> Lines(const std::filesystem::path& file) {
-    std::vector<std::string> lines;
-    std::ifstream in(file, std::ios::binary);
-    for (std::string line; std::getline(in, line);) {
-        if (!line.empty() && line.back() == '\r')
-            line.pop_back();
-        lines.push_back(line);
-    }
-    return lines;
-}
-
 bool IsOurs(const std::wstring& entry) {
     static const wchar_t* const kNames[] = {L"DD_PROBE_", L"DD_PHONE_", L"DD_CPROG_"};
     for (const wchar_t* name : kNames) {
@@ -141,6 +130,17 @@ std::wstring FixtureFolder(const wchar_t* name) {
     return FullPath(DD_FIXTURE_BIN) + L"\\" + name;
 }
 
+std::vector<std::string> RecordLines(const std::filesystem::path& file) {
+    std::vector<std::string> lines;
+    std::ifstream in(file, std::ios::binary);
+    for (std::string line; std::getline(in, line);) {
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        lines.push_back(line);
+    }
+    return lines;
+}
+
 std::vector<std::string> CallRun::Values(const std::string& key) const {
     std::vector<std::string> values;
     for (const std::string& line : report) {
@@ -211,9 +211,9 @@ CallRun RunCalls(const CallSetup& setup, int times, const std::wstring& number,
         run.error = "processes the probe started did not end";
     PumpMessages();
 
-    run.report = Lines(records / L"report.txt");
-    run.calls = Lines(records / L"calls.txt");
-    run.phoneApp = Lines(records / L"cprog.txt");
+    run.report = RecordLines(records / L"report.txt");
+    run.calls = RecordLines(records / L"calls.txt");
+    run.phoneApp = RecordLines(records / L"cprog.txt");
     std::error_code ignored;
     std::filesystem::remove_all(records, ignored);
     return run;

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,6 +13,9 @@
 /// Where the fixtures were built: fixtures/phone (phone.dll), fixtures/phone-without-call
 /// (phone.dll without "PhoneMakeCall"), fixtures/cprog (cprog.exe).
 std::wstring FixtureFolder(const wchar_t* name);
+
+/// A fixture's record file, one line per entry; empty when the file is missing.
+std::vector<std::string> RecordLines(const std::filesystem::path& file);
 
 /// What one run is given.
 struct CallSetup {

@@ -4,21 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "CallScenario.h"
 #include "FixtureWindow.h"
 #include "phone/PhoneLibrary.h"
 
 namespace {
-
-std::vector<std::string> Lines(const std::filesystem::path& file) {
-    std::vector<std::string> lines;
-    std::ifstream in(file, std::ios::binary);
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
-}
 
 TEST(PhoneFixturesTest, PhoneLibraryTellsABadResultSettingAndReturnsZero) {
     FixtureWindow phoneApp(L"MSCprog");
@@ -52,7 +43,7 @@ TEST(PhoneFixturesTest, PhoneLibraryTellsABadRequest) {
     FreeLibrary(library);
     SetEnvironmentVariableW(L"DD_PHONE_RECORD", nullptr);
 
-    EXPECT_EQ(Lines(record),
+    EXPECT_EQ(RecordLines(record),
               (std::vector<std::string>{"bad request: null record",
                                         "bad request: cbSize=24, the record is " +
                                             std::to_string(sizeof(PhoneMakeCallInfo)) + " bytes"}));

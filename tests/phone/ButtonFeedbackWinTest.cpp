@@ -38,11 +38,7 @@ void PostPulses(uint32_t length, uint32_t pause, uint32_t count) {
 
 class ButtonFeedbackWinTest : public testing::Test {
   protected:
-    void SetUp() override { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Orvalis"); }
-    void TearDown() override {
-        EXPECT_TRUE(feedback::StopFeedback());
-        RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Orvalis");
-    }
+    void TearDown() override { EXPECT_TRUE(feedback::StopFeedback()); }
 
     // Checks on/off pairs on LED 1, each on for at least `length` ms.
     static void ExpectPulses(const std::vector<Line>& switches, size_t pulses, uint32_t length) {
@@ -187,6 +183,12 @@ void Press() {
         feedback::RequestPulse(feedback::kPressPulseMs);
 }
 
+// The program's settings, from none to none again.
+struct CleanSettings {
+    CleanSettings() { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Orvalis"); }
+    ~CleanSettings() { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Orvalis"); }
+};
+
 void StoreButtonFeedback(DWORD value) {
     HKEY key = nullptr;
     ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Orvalis\\PIM\\Settings", 0, nullptr, 0,
@@ -199,6 +201,7 @@ void StoreButtonFeedback(DWORD value) {
 }
 
 TEST_F(ButtonFeedbackWinTest, OnlyButtonFeedbackTwoVibrates) {
+    CleanSettings settings;
     LedDevice device(led_fixture::kFull);
     Press();  // no value stored: the default 1
     ASSERT_TRUE(feedback::StopFeedback());

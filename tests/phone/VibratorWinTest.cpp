@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "LedFixture.h"
+#include "phone/LedRecords.h"
 
 namespace {
 
@@ -142,6 +143,45 @@ TEST(VibratorWinTest, VibratorStaysOnForTheAskedTime) {
     ASSERT_EQ(switches.size(), 2u);
     EXPECT_GE(switches[1].tick - switches[0].tick, 120u);
     EXPECT_LT(switches[1].tick - switches[0].tick, 2000u);
+}
+
+// The fixture itself: calls outside the device's contract are named, so the checks above that
+// there were none can fail.
+TEST(VibratorWinTest, FixtureNamesCallsOutsideTheContract) {
+    LedDevice device(led_fixture::kFull);
+    HMODULE library = LoadLibraryW(L"coredll.dll");
+    ASSERT_NE(library, nullptr);
+    using Entry = BOOL(WINAPI*)(UINT, void*);
+    auto setDevice =
+        reinterpret_cast<Entry>(reinterpret_cast<void*>(GetProcAddress(library, "NLedSetDevice")));
+    auto getInfo = reinterpret_cast<Entry>(
+        reinterpret_cast<void*>(GetProcAddress(library, "NLedGetDeviceInfo")));
+    ASSERT_NE(setDevice, nullptr);
+    ASSERT_NE(getInfo, nullptr);
+    nled::SettingsInfo settings{};
+    settings.LedNum = 1;
+    settings.OffOnBlink = 2;  // blinking: never asked for
+    EXPECT_FALSE(setDevice(nled::kSettingsInfoId, &settings));
+    settings.OffOnBlink = nled::kOn;
+    EXPECT_FALSE(setDevice(5, &settings));
+    settings.OnTime = 100;
+    EXPECT_FALSE(setDevice(nled::kSettingsInfoId, &settings));
+    nled::SupportsInfo supports{};
+    supports.fAdjustOnTime = 1;
+    EXPECT_FALSE(getInfo(nled::kSupportsInfoId, &supports));
+    EXPECT_FALSE(getInfo(9, &supports));
+    device.SetCount(L"two");
+    nled::CountInfo count{};
+    EXPECT_FALSE(getInfo(nled::kCountInfoId, &count));
+    FreeLibrary(library);
+    EXPECT_EQ(device.BadCalls(),
+              "bad NLedSetDevice LED 1 OffOnBlink 2\n"
+              "bad NLedSetDevice with unknown id 5\n"
+              "bad settings record for LED 1 has cycle times set\n"
+              "bad supports record for LED 0 not zeroed after LedNum\n"
+              "bad NLedGetDeviceInfo with unknown id 9\n"
+              "bad DD_NLED_COUNT is not a count: 'two'\n");
+    EXPECT_TRUE(device.Lines("switch").empty());
 }
 
 }  // namespace

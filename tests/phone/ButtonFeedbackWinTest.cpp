@@ -9,20 +9,16 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
 #include <vector>
 
 #include "LedFixture.h"
 #include "phone/FeedbackSetting.h"
 #include "phone/PulsePlan.h"
-#include "phone/Vibrator.h"
 
 namespace {
 
 using led_fixture::LedDevice;
 using led_fixture::Line;
-using led_fixture::Switches;
-using Strings = std::vector<std::string>;
 
 /// Far above any on-time or pause asked for here, far below the wrong behaviour's.
 constexpr uint32_t kSlack = 2000;

@@ -5,19 +5,20 @@
 
 #include <commctrl.h>
 
-#include "base/ResourcePlace.h"
 #include "app/ScreenDevice.h"
-#include "base/ScreenInfo.h"
-#include "win/ScreenRotation.h"
 #include "app/StartupRules.h"
 #include "base/Alert.h"
 #include "base/File.h"
 #include "base/Module.h"
+#include "base/ResourcePlace.h"
+#include "base/ScreenInfo.h"
 #include "contacts/ContactsPlatformWin.h"
 #include "contacts/SearchServiceClientWin.h"
+#include "phone/ButtonFeedback.h"
 #include "platform/Shell.h"
-#include "win/WideCast.h"
 #include "view/BoardWindow.h"
+#include "win/ScreenRotation.h"
+#include "win/WideCast.h"
 
 namespace {
 
@@ -86,7 +87,10 @@ int RunBoard(const char16_t* commandLine) {
     }
     if (!board.Create(IsPreloadCommandLine(commandLine)))
         return kFailureExitCode;
-    return RunMessageLoop();
+    const int exitCode = RunMessageLoop();
+    // The vibration worker ends with the board, after any pulse still queued for it.
+    feedback::StopFeedback();
+    return exitCode;
 }
 
 }  // namespace

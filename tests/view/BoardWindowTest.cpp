@@ -23,6 +23,9 @@ namespace {
 constexpr COLORREF kBackground = RGB(59, 70, 80);
 constexpr COLORREF kSelection = RGB(250, 196, 84);
 constexpr COLORREF kMagenta = RGB(255, 0, 255);
+/// The round face in the middle of the test photo.
+constexpr COLORREF kPhotoFace = RGB(232, 190, 160);
+constexpr uint32_t kPhotoOid = 7;
 
 int QuietAlert(const char16_t*, const char16_t*, uint32_t) {
     return kAlertAnswerOk;
@@ -84,11 +87,10 @@ class BoardWindowTest : public ::testing::Test {
 
     // The desktop's contacts store decodes pictures in its own layer; the test hands the photo
     // contact its picture the way a decoded one is cached.
-    void GivePhoto() {
-        const int index = board_->Board().FindBySlot(7);
-        ASSERT_GE(index, 0);
+    HBITMAP GivePhoto(uint32_t oid = kPhotoOid) {
         const BoardGeometry& g = board_->Geometry();
-        board_->Board().SetPhoto(index, MakeTestPhoto(g.CellW() + g.CellW() / 4, g.CellH()));
+        return board_->Photos().Put(
+            oid, gdi::Object<HBITMAP>(MakeTestPhoto(g.CellW() + g.CellW() / 4, g.CellH())));
     }
 
     shot::Image Shoot(const std::string& name) {
@@ -204,8 +206,7 @@ TEST_F(BoardWindowTest, PhotoButtonShowsThePhotoInsideItsFrame) {
     const shot::Image image = Shoot("board-480x640-photo");
     const Rect& cell = board.Geometry().Cell(7);
     // The test photo's round face (a warm colour) shows in the middle of the frame.
-    EXPECT_EQ(image.At((cell.left + cell.right) / 2, cell.top + cell.Height() * 2 / 5),
-              RGB(232, 190, 160));
+    EXPECT_EQ(image.At((cell.left + cell.right) / 2, cell.top + cell.Height() * 2 / 5), kPhotoFace);
     // The frame's outer corner hides the photo with the background.
     EXPECT_EQ(image.At(cell.left, cell.top), kBackground);
 }
@@ -237,7 +238,7 @@ TEST_F(BoardWindowTest, PictureThatCannotBeReadLeavesAPlainFace) {
     ASSERT_EQ(board.Board().EntryAt(index).flags & 1u, 1u);
     const shot::Image image = Shoot("board-480x640-unreadable-picture");
     EXPECT_EQ(board.Board().EntryAt(index).flags & 1u, 0u);
-    EXPECT_EQ(board.Board().EntryAt(index).photo, nullptr);
+    EXPECT_EQ(board.Photos().Find(kPhotoOid), nullptr);
     // Drawn as the plain text face: its name in white.
     const Rect& cell = board.Geometry().Cell(7);
     bool white = false;
@@ -430,10 +431,12 @@ TEST_F(BoardWindowTest, GrowByPageAddsAnEmptyPage) {
 
 TEST_F(BoardWindowTest, ButtonSizeChangeDropsThePhotos) {
     BoardWindow& board = Open({480, 640, 192}, true, false, false);
-    const int index = board.Board().FindBySlot(7);
-    ASSERT_NE(board.Board().EntryAt(index).photo, nullptr);
+    HBITMAP photo = board.Photos().Find(kPhotoOid);
+    ASSERT_NE(photo, nullptr);
     board.SetBigButtons(false);
-    EXPECT_EQ(board.Board().EntryAt(index).photo, nullptr);
+    EXPECT_EQ(board.Photos().Find(kPhotoOid), nullptr);
+    EXPECT_EQ(board.Photos().Count(), 0);
+    EXPECT_EQ(GetObjectType(photo), 0u);  // deleted, not just forgotten
     EXPECT_EQ(board.GetSkin()->CellWidth(), 108);
 }
 

@@ -49,6 +49,9 @@ class DialBoard {
 
     /// Clears the board, reads every stored entry and refreshes them from the contacts.
     void LoadEntries();
+    /// Reads every bound entry's contact again in place (the contacts changed) and saves each
+    /// entry that changed. A contact that is gone leaves its entry with its texts and oid 0.
+    void Refresh();
     /// which = -1: deletes the key and writes the whole list (no key for an empty board);
     /// other negatives write the whole list; which >= 0 writes only that list position.
     void SaveEntries(int which);
@@ -67,7 +70,6 @@ class DialBoard {
 
   private:
     void RemoveEntry(int index);
-    void Refresh();
     bool RefreshEntry(int index, ContactRecord& record);
     uint32_t Relink(const DialEntry& entry, ContactRecord& record);
 

@@ -49,9 +49,9 @@ void BoardWindow::SetBigButtons(bool big) {
     photos_.Clear();
 }
 
-void BoardWindow::ReloadEntries() {
+void BoardWindow::RefreshContacts() {
     photos_.Clear();
-    board_.LoadEntries();
+    board_.Refresh();
     Layout();
     if (hwnd_ != nullptr)
         InvalidateRect(hwnd_, nullptr, FALSE);

@@ -54,9 +54,9 @@ class BoardWindow : public WndBase {
     void UpdateArrows();
     /// Switches big or small buttons: new bitmaps, and when the cell size changed, photos dropped.
     void SetBigButtons(bool big);
-    /// Reads the entries again and refreshes them from the contacts; the photos are dropped so
-    /// changed pictures are decoded anew. Lays the board out and repaints it.
-    void ReloadEntries();
+    /// The contacts changed: refreshes every entry from them in place and drops the photos, so
+    /// changed pictures are decoded anew; then lays the board out and repaints it.
+    void RefreshContacts();
     /// A page more at the end (a free button on the last page was bound).
     void GrowByPage();
     /// Deletes the current page's entries and moves the later pages down one page.

@@ -26,8 +26,6 @@ int32_t DialBoard::MaxSlot() const {
 }
 
 void DialBoard::Clear() {
-    for (DialEntry& entry : entries_)
-        DeletePhoto(entry);
     entries_.RemoveAll();
 }
 
@@ -56,7 +54,6 @@ bool DialBoard::Assign(int32_t slot, uint32_t oid, const Str& phone, const Str& 
     // Replacing in place keeps the list position, so the entry keeps its stored number.
     int index = FindBySlot(slot);
     if (index != -1) {
-        DeletePhoto(entries_[index]);
         entries_.SetAt(index, entry);
     } else {
         index = entries_.Add(entry);
@@ -65,20 +62,7 @@ bool DialBoard::Assign(int32_t slot, uint32_t oid, const Str& phone, const Str& 
     return true;
 }
 
-void DialBoard::SetPhoto(int index, PictureHandle photo) {
-    DialEntry& entry = entries_[index];
-    if (entry.photo != photo)
-        DeletePhoto(entry);
-    entry.photo = photo;
-}
-
-void DialBoard::ReleasePhotos() {
-    for (DialEntry& entry : entries_)
-        DeletePhoto(entry);
-}
-
 void DialBoard::ForgetPicture(int index) {
-    DeletePhoto(entries_[index]);
     entries_[index].flags = 0;
 }
 
@@ -91,13 +75,6 @@ bool DialBoard::Rename(int32_t slot, const Str& display) {
     return true;
 }
 
-void DialBoard::DeletePhoto(DialEntry& entry) {
-    if (entry.photo != nullptr && releasePhoto_ != nullptr)
-        releasePhoto_(entry.photo);
-    entry.photo = nullptr;
-}
-
 void DialBoard::RemoveEntry(int index) {
-    DeletePhoto(entries_[index]);
     entries_.RemoveAt(index);
 }

@@ -17,14 +17,10 @@ class DialBoard {
 
     /// contacts (not owned) binds and refreshes entries; null leaves them as stored.
     explicit DialBoard(ContactSource* contacts = nullptr) : contacts_(contacts) {}
-    /// Deletes every cached photo.
-    ~DialBoard() { Clear(); }
     DialBoard(const DialBoard&) = delete;
     DialBoard& operator=(const DialBoard&) = delete;
 
     void SetContacts(ContactSource* contacts) { contacts_ = contacts; }
-    /// How cached photos are deleted (the platform's bitmap release); null = never.
-    void SetPhotoRelease(PictureRelease release) { releasePhoto_ = release; }
 
     int Count() const { return entries_.Size(); }
     /// The entry at list position i (0 <= i < Count()).
@@ -37,18 +33,14 @@ class DialBoard {
     bool GetBySlot(int32_t slot, DialEntry& out) const;
     /// The highest slot of all entries; 0 when there are none.
     int32_t MaxSlot() const;
-    /// Deletes every photo and every entry and frees the storage (nothing is saved).
+    /// Deletes every entry and frees the storage (nothing is saved).
     void Clear();
 
     /// Binds slot to contact oid and one of its numbers: reads the contact (unchanged board and
     /// false when it cannot), replaces the slot's entry in place or appends a new one, then saves
     /// that entry alone.
     bool Assign(int32_t slot, uint32_t oid, const Str& phone, const Str& typeLabel, int32_t link);
-    /// Caches the entry's button picture, deleting the one it replaces.
-    void SetPhoto(int index, PictureHandle photo);
-    /// Deletes every cached picture (the button size changed); the has-picture flags stay.
-    void ReleasePhotos();
-    /// The entry's contact shows no picture after all: clears its flag and deletes its photo.
+    /// The entry's contact shows no picture after all: clears its picture flag.
     void ForgetPicture(int index);
     /// Sets the display text of slot's entry and saves it alone; false when the slot is free.
     bool Rename(int32_t slot, const Str& display);
@@ -57,6 +49,9 @@ class DialBoard {
 
     /// Clears the board, reads every stored entry and refreshes them from the contacts.
     void LoadEntries();
+    /// Reads every bound entry's contact again in place (the contacts changed) and saves each
+    /// entry that changed. A contact that is gone leaves its entry with its texts and oid 0.
+    void Refresh();
     /// which = -1: deletes the key and writes the whole list (no key for an empty board);
     /// other negatives write the whole list; which >= 0 writes only that list position.
     void SaveEntries(int which);
@@ -74,15 +69,12 @@ class DialBoard {
     void SortByName();
 
   private:
-    void DeletePhoto(DialEntry& entry);
     void RemoveEntry(int index);
-    void Refresh();
     bool RefreshEntry(int index, ContactRecord& record);
     uint32_t Relink(const DialEntry& entry, ContactRecord& record);
 
     Array<DialEntry> entries_;
     ContactSource* contacts_;
-    PictureRelease releasePhoto_ = nullptr;
 };
 
 /// The name shown on a button, used for sorting and calls: the display text; else, when the

@@ -1,6 +1,7 @@
 #pragma once
 // DialEntry: one bound button of the board. The first eleven fields are what the registry keeps
-// for it; the rest is contact data cached at refresh.
+// for it; the rest is contact data cached at refresh. The decoded photo is the view's, not the
+// entry's, so entries copy freely.
 
 #include <cstdint>
 
@@ -25,10 +26,9 @@ struct DialEntry {
     Str last;
     Str middle;
     Str company;
-    Array<ContactPhone> phones;     ///< the contact's numbers as last read (not stored)
-    Str extra;                      ///< contact's extra text as last read (not stored)
-    uint32_t flags = 0;             ///< 1 when the contact has a picture (not stored)
-    PictureHandle photo = nullptr;  ///< cached button picture; copies share it, the board frees it
+    Array<ContactPhone> phones;  ///< the contact's numbers as last read (not stored)
+    Str extra;                   ///< contact's extra text as last read (not stored)
+    uint32_t flags = 0;          ///< 1 when the contact has a picture (not stored)
 };
 
 /// Whether the entry carries a dialer number the board can show (1..99); stored values outside

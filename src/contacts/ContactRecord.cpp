@@ -26,21 +26,12 @@ void ContactRecord::Clear() {
                       &company, &namePart5, &namePart6, &namePart7, &namePart8, &notesText}) {
         text->Empty();
     }
-    ReleasePicture();
+    picture.Reset();
     hasPicture = 0;
 }
 
 void ContactRecord::AdoptPicture(PictureHandle handle, PictureRelease release) {
-    ReleasePicture();
-    picture = handle;
-    releasePicture_ = release;
-}
-
-void ContactRecord::ReleasePicture() {
-    if (picture != nullptr && releasePicture_ != nullptr)
-        releasePicture_(picture);
-    picture = nullptr;
-    releasePicture_ = nullptr;
+    picture = Picture(handle, release);
 }
 
 Str ContactSortName(const Str& first, const Str& last, const Str& middle, const Str& company) {

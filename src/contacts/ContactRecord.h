@@ -2,6 +2,7 @@
 // ContactPhone and ContactRecord: one contact as the session reads it, and one of its numbers.
 // A record is constructed empty and reused between reads; it owns the decoded picture.
 
+#include <cstddef>
 #include <cstdint>
 
 #include "base/Array.h"
@@ -37,6 +38,56 @@ using PictureHandle = void*;
 /// Deletes a picture handle.
 using PictureRelease = void (*)(PictureHandle);
 
+/// Owns one decoded picture and deletes it with its release function. Move-only: a picture has
+/// one owner, so it is deleted exactly once however it is passed on.
+class Picture {
+  public:
+    Picture() = default;
+    /// Takes ownership of `handle`; `release` (null = never) deletes it.
+    Picture(PictureHandle handle, PictureRelease release) : handle_(handle), release_(release) {}
+    ~Picture() { Reset(); }
+    Picture(const Picture&) = delete;
+    Picture& operator=(const Picture&) = delete;
+    Picture(Picture&& other) noexcept : handle_(other.handle_), release_(other.release_) {
+        other.handle_ = nullptr;
+        other.release_ = nullptr;
+    }
+    Picture& operator=(Picture&& other) noexcept {
+        if (this != &other) {
+            Reset();
+            handle_ = other.handle_;
+            release_ = other.release_;
+            other.handle_ = nullptr;
+            other.release_ = nullptr;
+        }
+        return *this;
+    }
+
+    PictureHandle Get() const { return handle_; }
+    /// Gives up ownership: the caller deletes the returned handle.
+    PictureHandle Release() {
+        PictureHandle handle = handle_;
+        handle_ = nullptr;
+        release_ = nullptr;
+        return handle;
+    }
+    /// Deletes the held picture; the owner is empty afterwards.
+    void Reset() {
+        if (handle_ != nullptr && release_ != nullptr)
+            release_(handle_);
+        handle_ = nullptr;
+        release_ = nullptr;
+    }
+    explicit operator bool() const { return handle_ != nullptr; }
+    friend bool operator==(const Picture& picture, std::nullptr_t) {
+        return picture.handle_ == nullptr;
+    }
+
+  private:
+    PictureHandle handle_ = nullptr;
+    PictureRelease release_ = nullptr;
+};
+
 /// One contact as read. Fields in the order of the contacts database's record.
 struct ContactRecord {
     uint32_t oid = 0;  ///< object id; 0 when empty
@@ -50,15 +101,14 @@ struct ContactRecord {
     Str namePart8;
     Array<ContactPhone> phones;  ///< phone properties in type-code order, then notes items
     Str extraText;
-    Array<Str> list;                  ///< the list property split at commas
-    PictureHandle picture = nullptr;  ///< owned; see AdoptPicture
-    uint32_t hasPicture = 0;          ///< 1 when the contact has a picture stream
-    Str notesText;                    ///< the notes without the notes block
+    Array<Str> list;          ///< the list property split at commas
+    Picture picture;          ///< the decoded picture, when it was asked for
+    uint32_t hasPicture = 0;  ///< 1 when the contact has a picture stream
+    Str notesText;            ///< the notes without the notes block
     Str extraText2;
     Str extraText3;
 
     ContactRecord() = default;
-    ~ContactRecord() { ReleasePicture(); }
     ContactRecord(const ContactRecord&) = delete;
     ContactRecord& operator=(const ContactRecord&) = delete;
 
@@ -66,10 +116,6 @@ struct ContactRecord {
     void Clear();
     /// Takes ownership of `handle`; `release` deletes it when the record is cleared or destroyed.
     void AdoptPicture(PictureHandle handle, PictureRelease release);
-
-  private:
-    void ReleasePicture();
-    PictureRelease releasePicture_ = nullptr;
 };
 
 /// The name a contact sorts under: "Last, First" when both are set, else Last or First; a

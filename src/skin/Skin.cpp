@@ -54,25 +54,9 @@ LOGFONTW SystemFontDescription() {
     return lf;
 }
 
-HDC SharedMemoryDc() {
-    static HDC dc = CreateCompatibleDC(nullptr);
-    return dc;
-}
-
 }  // namespace
 
 Skin::Skin(const Str& folder, HMODULE library) : folder_(folder), library_(library) {}
-
-Skin::~Skin() {
-    for (HFONT& font : fonts_) {
-        if (font != nullptr)
-            DeleteObject(font);
-    }
-    for (HBITMAP& bitmap : buttons_) {
-        if (bitmap != nullptr)
-            DeleteObject(bitmap);
-    }
-}
 
 void Skin::LoadSkinFile() {
     colours_ = SkinColours{};
@@ -96,12 +80,8 @@ void Skin::ReadSkinFile(const uint8_t* bytes, size_t length) {
         colours_.*key.field = colour;
     }
     for (int i = 0; i < 3; ++i) {
-        HFONT font = ReadFont(ini, section, kFontKeys[i]);
-        if (font == nullptr)
-            continue;
-        if (fonts_[i] != nullptr)
-            DeleteObject(fonts_[i]);
-        fonts_[i] = font;
+        if (HFONT font = ReadFont(ini, section, kFontKeys[i]))
+            fonts_[i].Reset(font);
     }
 }
 
@@ -119,9 +99,9 @@ HFONT Skin::ReadFont(const IniFile& ini, int section, const char16_t* key) const
 
 void Skin::CreateDefaultFonts() {
     for (SkinFont which : kDefaultFontOrder) {
-        HFONT& font = fonts_[static_cast<int32_t>(which)];
-        if (font == nullptr)
-            font = CreateFontFrom(DefaultFont(which, EffectiveDpiY()));
+        gdi::Object<HFONT>& font = fonts_[static_cast<int32_t>(which)];
+        if (!font)
+            font.Reset(CreateFontFrom(DefaultFont(which, EffectiveDpiY())));
     }
 }
 
@@ -158,14 +138,11 @@ bool Skin::SetBigButtons(bool big) {
     settings::WriteNumber(settings::kSettingsKey, settings::kBigButtons.name,
                           static_cast<uint32_t>(flag));
     for (int i = 0; i < 4; ++i) {
-        if (buttons_[i] != nullptr)
-            DeleteObject(buttons_[i]);
         const ButtonBitmap& b = kButtonBitmaps[i];
         buttons_[i] =
-            (big ? LoadSkinBitmap(b.bigId, b.bigName) : LoadSkinBitmap(b.smallId, b.smallName))
-                .Release();
+            big ? LoadSkinBitmap(b.bigId, b.bigName) : LoadSkinBitmap(b.smallId, b.smallName);
     }
-    SIZE face = BitmapSize(buttons_[static_cast<int32_t>(ButtonArt::kFace)]);
+    SIZE face = BitmapSize(Button(ButtonArt::kFace));
     cellW_ = face.cx / 2;  // normal and pressed faces side by side
     cellH_ = face.cy;
     return true;
@@ -186,10 +163,10 @@ bool Skin::FitText(Str& text, int maxWidth, HDC dc) {
 }
 
 int Skin::GetFontHeight(HFONT font) {
-    HDC dc = SharedMemoryDc();
-    gdi::Selection selection(dc, font);
+    gdi::MemoryDc dc;
+    gdi::Selection selection(dc.Get(), font);
     SIZE size{};
-    GetTextExtentPoint32W(dc, L"A", 1, &size);
+    GetTextExtentPoint32W(dc.Get(), L"A", 1, &size);
     return size.cy;
 }
 
@@ -197,18 +174,15 @@ bool Skin::TileBitmap(HDC dc, HBITMAP bitmap, const RECT& rect) {
     const SIZE size = BitmapSize(bitmap);
     if (size.cx == 0 || size.cy == 0)
         return false;
-    HDC source = CreateCompatibleDC(dc);
-    {
-        gdi::Selection selection(source, bitmap);
-        for (LONG y = rect.top; y < rect.bottom; y += size.cy) {
-            const LONG h = y + size.cy > rect.bottom ? rect.bottom - y : size.cy;
-            for (LONG x = rect.left; x < rect.right; x += size.cx) {
-                const LONG w = x + size.cx > rect.right ? rect.right - x : size.cx;
-                BitBlt(dc, x, y, w, h, source, 0, 0, SRCCOPY);
-            }
+    gdi::MemoryDc source(dc);
+    gdi::Selection selection(source.Get(), bitmap);
+    for (LONG y = rect.top; y < rect.bottom; y += size.cy) {
+        const LONG h = y + size.cy > rect.bottom ? rect.bottom - y : size.cy;
+        for (LONG x = rect.left; x < rect.right; x += size.cx) {
+            const LONG w = x + size.cx > rect.right ? rect.right - x : size.cx;
+            BitBlt(dc, x, y, w, h, source.Get(), 0, 0, SRCCOPY);
         }
     }
-    DeleteDC(source);
     return true;
 }
 
@@ -216,12 +190,9 @@ void Skin::DrawTransparent(HDC dc, int x, int y, HBITMAP bitmap, int sx, int sy,
                            int height) {
     if (bitmap == nullptr || width <= 0 || height <= 0)
         return;
-    HDC source = CreateCompatibleDC(dc);
-    {
-        gdi::Selection selection(source, bitmap);
-        TransparentBlt(dc, x, y, width, height, source, sx, sy, width, height, kTransparentKey);
-    }
-    DeleteDC(source);
+    gdi::MemoryDc source(dc);
+    gdi::Selection selection(source.Get(), bitmap);
+    TransparentBlt(dc, x, y, width, height, source.Get(), sx, sy, width, height, kTransparentKey);
 }
 
 void Skin::DrawWrapped(HDC dc, const Str& text, const RECT& rect) {

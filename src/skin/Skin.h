@@ -50,8 +50,6 @@ class Skin {
     /// A skin reading from `folder` (no trailing backslash) with `library` (a resource library
     /// loaded as a data file, or null) as the fallback for bitmaps.
     Skin(const Str& folder, HMODULE library);
-    /// Deletes the fonts and the button bitmaps.
-    ~Skin();
     Skin(const Skin&) = delete;
     Skin& operator=(const Skin&) = delete;
 
@@ -75,17 +73,17 @@ class Skin {
     int32_t BigButtons() const { return big_; }
     int32_t CellWidth() const { return cellW_; }
     int32_t CellHeight() const { return cellH_; }
-    HBITMAP Button(ButtonArt art) const { return buttons_[static_cast<int32_t>(art)]; }
+    HBITMAP Button(ButtonArt art) const { return buttons_[static_cast<int32_t>(art)].get(); }
 
     const SkinColours& Colours() const { return colours_; }
-    HFONT Font(SkinFont which) const { return fonts_[static_cast<int32_t>(which)]; }
+    HFONT Font(SkinFont which) const { return fonts_[static_cast<int32_t>(which)].get(); }
     const Str& Folder() const { return folder_; }
     HMODULE Library() const { return library_; }
 
     /// Shortens `text` in place to fit maxWidth in dc's font, ending it in "..."; keeps one
     /// character less than would fit (a deliberate margin). False when the text already fits.
     static bool FitText(Str& text, int maxWidth, HDC dc);
-    /// Height in pixels of "A" in `font`, measured in the program's shared memory context.
+    /// Height in pixels of "A" in `font`, measured in a memory context of the screen.
     static int GetFontHeight(HFONT font);
     /// Tiles `bitmap` over rect from its top-left corner, clipping the last row and column.
     /// False for a null or empty bitmap.
@@ -106,8 +104,8 @@ class Skin {
     Str folder_;
     HMODULE library_;
     SkinColours colours_;
-    HFONT fonts_[3] = {};
-    HBITMAP buttons_[4] = {};
+    gdi::Object<HFONT> fonts_[3];
+    gdi::Object<HBITMAP> buttons_[4];
     int32_t big_ = -1;
     int32_t cellW_ = 0;
     int32_t cellH_ = 0;

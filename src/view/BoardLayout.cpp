@@ -46,7 +46,15 @@ void BoardWindow::SetBigButtons(bool big) {
     // Photos were made for the old size: drop them so they are read again at the new one.
     buttonW_ = skin_->CellWidth();
     buttonH_ = skin_->CellHeight();
-    board_.ReleasePhotos();
+    photos_.Clear();
+}
+
+void BoardWindow::RefreshContacts() {
+    photos_.Clear();
+    board_.Refresh();
+    Layout();
+    if (hwnd_ != nullptr)
+        InvalidateRect(hwnd_, nullptr, FALSE);
 }
 
 void BoardWindow::GrowByPage() {

@@ -26,6 +26,8 @@ void BoardWindow::Paint(HDC dc, const RECT& clip) {
     if (!skin_)
         return;
     SetBkMode(dc, TRANSPARENT);
+    // Entries replaced, removed or refreshed since the last paint give up their photos.
+    photos_.KeepShown(board_);
     const Rect clipBox = FromRECT(clip);
     // The label's height is the small font's, the same for every cell of this paint.
     const int labelH = showPhoneType_ ? Skin::GetFontHeight(skin_->Font(SkinFont::kSmall)) : 0;
@@ -76,34 +78,32 @@ bool BoardWindow::PaintPhoto(HDC dc, int index, const RECT& cell, bool pressed) 
     const int cellH = geometry_.CellH();
     const SIZE size = Skin::BitmapSize(photo);
     const Point from = PhotoSourceOffset(size.cx, size.cy, cellW, cellH);
-    HDC source = CreateCompatibleDC(dc);
     {
-        gdi::Selection selection(source, photo);
-        BitBlt(dc, cell.left, cell.top, cellW, cellH, source, from.x, from.y, SRCCOPY);
+        gdi::MemoryDc source(dc);
+        gdi::Selection selection(source.Get(), photo);
+        BitBlt(dc, cell.left, cell.top, cellW, cellH, source.Get(), from.x, from.y, SRCCOPY);
     }
-    DeleteDC(source);
     Skin::DrawTransparent(dc, cell.left, cell.top, skin_->Button(ButtonArt::kPhotoFrame),
                           pressed ? cellW : 0, 0, cellW, cellH);
     return true;
 }
 
-// The entry's cached picture, read from its contact at button size on first use. A contact that
-// is gone (oid 0) or gives no picture loses its picture flag and is drawn plain from then on.
+// The contact's cached photo, read at button size on first use. A contact that is gone (oid 0)
+// or gives no picture loses its picture flag and is drawn plain from then on.
 HBITMAP BoardWindow::PhotoOf(int index) {
     const DialEntry& entry = board_.EntryAt(index);
     if ((entry.flags & kHasPicture) == 0)
         return nullptr;
-    if (entry.photo != nullptr)
-        return static_cast<HBITMAP>(entry.photo);
+    if (HBITMAP cached = photos_.Find(entry.oid))
+        return cached;
     ContactRecord record;
     if (entry.oid != 0 && session_ != nullptr &&
         session_->ReadContact(entry.oid, record, read_flags::kPicture, geometry_.CellW(),
                               geometry_.CellH()) &&
         record.picture != nullptr) {
-        PictureHandle picture = record.picture;
-        record.picture = nullptr;  // the entry owns it now
-        board_.SetPhoto(index, picture);
-        return static_cast<HBITMAP>(picture);
+        // The session decodes to a GDI bitmap; the cache takes it over from the record.
+        return photos_.Put(entry.oid,
+                           gdi::Object<HBITMAP>(static_cast<HBITMAP>(record.picture.Release())));
     }
     board_.ForgetPicture(index);
     return nullptr;

@@ -29,10 +29,6 @@ bool PhoneCanMessage() {
     return file::Exists(kMessagingLibrary);
 }
 
-void DeleteBitmapHandle(PictureHandle picture) {
-    DeleteObject(static_cast<HBITMAP>(picture));
-}
-
 }  // namespace
 
 BoardWindow::BoardWindow()
@@ -41,7 +37,6 @@ BoardWindow::BoardWindow()
     if (session_ != nullptr && !session_->IsOpen())
         session_->Open();
     board_.SetContacts(&contacts_);
-    board_.SetPhotoRelease(&DeleteBitmapHandle);
 }
 
 BoardWindow::~BoardWindow() {

@@ -10,6 +10,7 @@
 #include "board/SessionContactSource.h"
 #include "phone/NumberTemplates.h"
 #include "view/BoardGeometry.h"
+#include "view/PhotoCache.h"
 #include "win/Gdi.h"
 #include "win/ScreenRotation.h"
 #include "win/WndBase.h"
@@ -53,6 +54,9 @@ class BoardWindow : public WndBase {
     void UpdateArrows();
     /// Switches big or small buttons: new bitmaps, and when the cell size changed, photos dropped.
     void SetBigButtons(bool big);
+    /// The contacts changed: refreshes every entry from them in place and drops the photos, so
+    /// changed pictures are decoded anew; then lays the board out and repaints it.
+    void RefreshContacts();
     /// A page more at the end (a free button on the last page was bound).
     void GrowByPage();
     /// Deletes the current page's entries and moves the later pages down one page.
@@ -72,6 +76,8 @@ class BoardWindow : public WndBase {
     const BoardGeometry& Geometry() const { return geometry_; }
     BoardGeometry& Geometry() { return geometry_; }
     DialBoard& Board() { return board_; }
+    /// The decoded photos, by contact.
+    PhotoCache& Photos() { return photos_; }
     NumberTemplates& Templates() { return templates_; }
     Skin* GetSkin() const { return skin_.get(); }
     ButtonPanel* Panel() const { return panel_.get(); }
@@ -119,6 +125,7 @@ class BoardWindow : public WndBase {
     ContactsSession* session_ = nullptr;
     SessionContactSource contacts_;
     DialBoard board_;
+    PhotoCache photos_;
     NumberTemplates templates_;
     std::unique_ptr<Skin> skin_;
     std::unique_ptr<ButtonPanel> panel_;

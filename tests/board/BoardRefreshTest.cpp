@@ -209,6 +209,23 @@ TEST_F(BoardRefreshTest, GoneContactKeepsItsTextsAndGetsOidZero) {
     EXPECT_EQ(StoredText(u"First", 0), u"Anna");
 }
 
+TEST_F(BoardRefreshTest, RefreshInPlaceFollowsADeletionAndLeavesThePictureFlagToThePaint) {
+    contacts_.contacts[7].hasPicture = 1;
+    StoreAnna(0, u"+4680222", u"Work", 3);
+    board_.LoadEntries();
+    ASSERT_EQ(board_.EntryAt(0).flags, 1u);
+    contacts_.contacts.clear();
+    const int before = registry::memory::SetCount();
+    board_.Refresh();
+    EXPECT_EQ(registry::memory::SetCount() - before, 11);
+    ASSERT_EQ(board_.Count(), 1);
+    EXPECT_EQ(board_.EntryAt(0).oid, 0u);
+    EXPECT_EQ(StoredNumber(u"Oid", 0), 0u);
+    EXPECT_EQ(S(board_.EntryAt(0).first), u"Anna");
+    // Not re-read: the entry still says it had a picture until the paint finds none.
+    EXPECT_EQ(board_.EntryAt(0).flags, 1u);
+}
+
 TEST_F(BoardRefreshTest, SearchResultWithOidZeroIsNeverAdopted) {
     StoreAnna(0, u"+4680222", u"Work", 3);
     contacts_.contacts.clear();

@@ -2,28 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "FakeContacts.h"
 #include "RegistryView.h"
 #include "base/RegistryMemory.h"
 
 namespace {
 
-std::vector<PictureHandle> gReleased;
-void RecordRelease(PictureHandle photo) {
-    gReleased.push_back(photo);
-}
-
-PictureHandle Photo(int n) {
-    return reinterpret_cast<PictureHandle>(static_cast<uintptr_t>(n));
-}
-
 class DialBoardTest : public testing::Test {
   protected:
     void SetUp() override {
         registry::memory::Reset();
-        gReleased.clear();
         FakeContact anna;
         anna.first = u"Anna";
         anna.last = u"Berg";
@@ -37,7 +25,6 @@ class DialBoardTest : public testing::Test {
         bo.first = u"Bo";
         bo.phones = {Phone(u"Home", u"333", 1)};
         contacts_.contacts[8] = bo;
-        board_.SetPhotoRelease(RecordRelease);
     }
     void TearDown() override { registry::memory::Reset(); }
 
@@ -72,15 +59,12 @@ TEST_F(DialBoardTest, AssignAppendsANewEntryAndSavesItAlone) {
 TEST_F(DialBoardTest, AssignToAnOccupiedSlotKeepsTheListPosition) {
     board_.Assign(1, 7, u"111", u"Mobile", 0);
     board_.Assign(2, 7, u"222", u"Work", 3);
-    board_.SetPhoto(0, Photo(41));
     int sets = registry::memory::SetCount();
     ASSERT_TRUE(board_.Assign(1, 8, u"333", u"Home", 1));
     ASSERT_EQ(board_.Count(), 2);
     EXPECT_EQ(board_.EntryAt(0).oid, 8u);
     EXPECT_EQ(board_.EntryAt(0).slot, 1);
-    EXPECT_EQ(board_.EntryAt(0).photo, nullptr);
     EXPECT_EQ(board_.EntryAt(1).oid, 7u);
-    EXPECT_EQ(gReleased, std::vector<PictureHandle>{Photo(41)});
     EXPECT_EQ(registry::memory::SetCount() - sets, 11);
     EXPECT_EQ(StoredNumber(u"Oid", 0), 8u);
     EXPECT_EQ(StoredText(u"Phone", 0), u"333");
@@ -128,75 +112,36 @@ TEST_F(DialBoardTest, GetBySlotCopiesTheEntry) {
     EXPECT_EQ(untouched.oid, 55u);
 }
 
-TEST_F(DialBoardTest, CopiedEntrySharesTextsCopiesNumbersAndThePhotoHandle) {
+TEST_F(DialBoardTest, CopiedEntrySharesTextsAndCopiesNumbers) {
     board_.Assign(6, 7, u"111", u"Mobile", 0);
-    board_.SetPhoto(0, Photo(9));
     DialEntry copy = board_.EntryAt(0);
     EXPECT_TRUE(copy.last.SharesBlockWith(board_.EntryAt(0).last));
     EXPECT_TRUE(copy.phone.SharesBlockWith(board_.EntryAt(0).phone));
     ASSERT_EQ(copy.phones.Size(), 2);
     EXPECT_NE(copy.phones.Data(), board_.EntryAt(0).phones.Data());
     EXPECT_TRUE(copy.phones[1].number.SharesBlockWith(board_.EntryAt(0).phones[1].number));
-    EXPECT_EQ(copy.photo, Photo(9));
     copy.phones[0].number = u"changed";
     EXPECT_EQ(S(board_.EntryAt(0).phones[0].number), u"111");
-    EXPECT_TRUE(gReleased.empty());
 }
 
-TEST_F(DialBoardTest, ClearDeletesEveryPhotoAndEntryWithoutSaving) {
+TEST_F(DialBoardTest, ClearDeletesEveryEntryWithoutSaving) {
     board_.Assign(1, 7, u"111", u"Mobile", 0);
     board_.Assign(2, 8, u"333", u"Home", 1);
-    board_.SetPhoto(0, Photo(1));
-    board_.SetPhoto(1, Photo(2));
     int sets = registry::memory::SetCount();
     board_.Clear();
     EXPECT_EQ(board_.Count(), 0);
     EXPECT_EQ(board_.Entries().Capacity(), 0);
-    EXPECT_EQ(gReleased, (std::vector<PictureHandle>{Photo(1), Photo(2)}));
     EXPECT_EQ(registry::memory::SetCount(), sets);
     EXPECT_EQ(StoredValues().size(), 22u);
 }
 
-TEST_F(DialBoardTest, SetPhotoDeletesThePhotoItReplaces) {
+TEST_F(DialBoardTest, ForgetPictureClearsTheFlagWithoutSaving) {
     board_.Assign(1, 7, u"111", u"Mobile", 0);
-    board_.SetPhoto(0, Photo(1));
-    board_.SetPhoto(0, Photo(1));
-    EXPECT_TRUE(gReleased.empty());
-    board_.SetPhoto(0, Photo(2));
-    EXPECT_EQ(gReleased, std::vector<PictureHandle>{Photo(1)});
-    board_.ReleasePhotos();
-    EXPECT_EQ(gReleased, (std::vector<PictureHandle>{Photo(1), Photo(2)}));
-    EXPECT_EQ(board_.EntryAt(0).photo, nullptr);
-    EXPECT_EQ(board_.EntryAt(0).flags, 1u);
-}
-
-TEST_F(DialBoardTest, ForgetPictureClearsTheFlagAndDeletesThePhoto) {
-    board_.Assign(1, 7, u"111", u"Mobile", 0);
-    board_.SetPhoto(0, Photo(6));
+    ASSERT_EQ(board_.EntryAt(0).flags, 1u);
     int sets = registry::memory::SetCount();
     board_.ForgetPicture(0);
     EXPECT_EQ(board_.EntryAt(0).flags, 0u);
-    EXPECT_EQ(board_.EntryAt(0).photo, nullptr);
-    EXPECT_EQ(gReleased, std::vector<PictureHandle>{Photo(6)});
     EXPECT_EQ(registry::memory::SetCount(), sets);
-}
-
-TEST_F(DialBoardTest, DestroyingTheBoardDeletesItsPhotos) {
-    {
-        DialBoard board(&contacts_);
-        board.SetPhotoRelease(RecordRelease);
-        board.Assign(1, 7, u"111", u"Mobile", 0);
-        board.SetPhoto(0, Photo(5));
-    }
-    EXPECT_EQ(gReleased, std::vector<PictureHandle>{Photo(5)});
-}
-
-TEST_F(DialBoardTest, LoadDeletesThePhotosOfTheEntriesItReplaces) {
-    board_.Assign(1, 7, u"111", u"Mobile", 0);
-    board_.SetPhoto(0, Photo(3));
-    board_.LoadEntries();
-    EXPECT_EQ(gReleased, std::vector<PictureHandle>{Photo(3)});
-    EXPECT_EQ(board_.Count(), 1);
 }
 
 TEST_F(DialBoardTest, MaxSlot) {
@@ -222,7 +167,7 @@ TEST(DialEntryTest, NewEntryHasNoDialerNumberAndNoContact) {
     EXPECT_EQ(e.oid, 0u);
     EXPECT_EQ(e.btn, -1);
     EXPECT_FALSE(HasDialerNumber(e.btn));
-    EXPECT_EQ(e.photo, nullptr);
+    EXPECT_EQ(e.flags, 0u);
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <type_traits>
+#include <utility>
 
 #include "contacts/ContactsStore.h"
 
@@ -103,6 +105,69 @@ TEST(ContactRecordTest, TheDestructorDeletesThePicture) {
         EXPECT_EQ(gReleased, 1);
     }
     EXPECT_EQ(gReleased, 2);
+}
+
+static_assert(!std::is_copy_constructible_v<Picture>, "a picture has one owner");
+static_assert(!std::is_copy_assignable_v<Picture>, "a picture has one owner");
+static_assert(std::is_nothrow_move_constructible_v<Picture>);
+static_assert(std::is_nothrow_move_assignable_v<Picture>);
+static_assert(!std::is_copy_constructible_v<ContactRecord>);
+
+TEST(PictureTest, MovingLeavesTheSourceEmptyAndDeletesOnce) {
+    gReleased = 0;
+    {
+        Picture first(new int(7), Release);
+        Picture second(std::move(first));
+        EXPECT_EQ(first, nullptr);
+        EXPECT_FALSE(first);
+        ASSERT_NE(second, nullptr);
+        EXPECT_EQ(*static_cast<int*>(second.Get()), 7);
+        Picture third;
+        third = std::move(second);
+        EXPECT_EQ(second, nullptr);
+        EXPECT_EQ(gReleased, 0);
+    }
+    EXPECT_EQ(gReleased, 1);
+}
+
+TEST(PictureTest, MoveAssignmentDeletesThePictureItReplaces) {
+    gReleased = 0;
+    Picture kept(new int(1), Release);
+    Picture other(new int(2), Release);
+    kept = std::move(other);
+    EXPECT_EQ(gReleased, 1);
+    EXPECT_EQ(*static_cast<int*>(kept.Get()), 2);
+    kept.Reset();
+    EXPECT_EQ(gReleased, 2);
+    EXPECT_EQ(kept, nullptr);
+    kept.Reset();  // an empty owner deletes nothing
+    EXPECT_EQ(gReleased, 2);
+}
+
+TEST(PictureTest, ReleaseHandsTheHandleOverWithoutDeletingIt) {
+    gReleased = 0;
+    int* handle = new int(3);
+    {
+        Picture picture(handle, Release);
+        EXPECT_EQ(picture.Release(), handle);
+        EXPECT_EQ(picture, nullptr);
+    }
+    EXPECT_EQ(gReleased, 0);
+    Release(handle);
+}
+
+TEST(ContactRecordTest, APictureMovesOutOfTheRecordWhole) {
+    gReleased = 0;
+    Picture taken;
+    {
+        ContactRecord record;
+        record.AdoptPicture(new int(4), Release);
+        taken = std::move(record.picture);
+        EXPECT_EQ(record.picture, nullptr);
+    }
+    EXPECT_EQ(gReleased, 0);
+    taken.Reset();
+    EXPECT_EQ(gReleased, 1);
 }
 
 }  // namespace

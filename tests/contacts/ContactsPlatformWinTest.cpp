@@ -213,7 +213,8 @@ TEST(ContactsPlatformWinTest, ReadsTheDemoContactsWithPhotos) {
         if (record.picture != nullptr) {
             ++pictures;
             BITMAP bitmap{};
-            ASSERT_TRUE(GetObjectW(static_cast<HBITMAP>(record.picture), sizeof bitmap, &bitmap));
+            ASSERT_TRUE(
+                GetObjectW(static_cast<HBITMAP>(record.picture.Get()), sizeof bitmap, &bitmap));
             EXPECT_TRUE((bitmap.bmWidth == 64 && bitmap.bmHeight >= 64) ||
                         (bitmap.bmHeight == 64 && bitmap.bmWidth >= 64))
                 << bitmap.bmWidth << "x" << bitmap.bmHeight;

@@ -225,7 +225,7 @@ TEST_F(ContactsSessionTest, FlagFourDecodesThePictureAtTheGivenSize) {
     ASSERT_TRUE(Read(1, read_flags::kPicture, 64, 48));
     EXPECT_EQ(record.hasPicture, 1u);
     ASSERT_NE(record.picture, nullptr);
-    EXPECT_EQ(*static_cast<int*>(record.picture), 3);
+    EXPECT_EQ(*static_cast<int*>(record.picture.Get()), 3);
     EXPECT_EQ(platform.decodedSize, (std::pair<int, int>{64, 48}));
     record.Clear();
     EXPECT_EQ(record.picture, nullptr);

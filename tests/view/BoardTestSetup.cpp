@@ -108,7 +108,13 @@ void ForgetStoredBoard() {
 }
 
 bool DemoContacts::Read(uint32_t oid, uint32_t, ContactRecord& record) {
+    if (deleted.contains(oid))
+        return false;
     const StoredEntry* e = FindDemo(oid);
+    for (const StoredEntry& more : added) {
+        if (e == nullptr && oid != 0 && more.oid == oid)
+            e = &more;
+    }
     if (e == nullptr)
         return false;
     record.Clear();
@@ -120,7 +126,7 @@ bool DemoContacts::Read(uint32_t oid, uint32_t, ContactRecord& record) {
     phone.label = e->type;
     phone.type = 1;
     record.phones.Add(phone);
-    record.hasPicture = oid == kPhotoOid ? 1 : 0;
+    record.hasPicture = pictures.contains(oid) ? 1 : 0;
     return true;
 }
 

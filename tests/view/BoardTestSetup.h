@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -39,13 +40,18 @@ void StoreOptions(bool big, bool showType, bool showNumber);
 /// Removes what StoreEntries and StoreOptions wrote, so the prefix's own board is left alone.
 void ForgetStoredBoard();
 
-/// Contacts for the test board: every oid of the demo except 0 exists, with its stored names;
-/// oid 7 has a picture.
+/// Contacts for the test board: every oid of the demo except 0 exists, with its stored names,
+/// and so does every entry of `added`; the oids in `pictures` have a picture (at first oid 7).
+/// An oid in `deleted` is gone.
 class DemoContacts : public ContactSource {
   public:
     bool IsAvailable() override { return true; }
     bool Read(uint32_t oid, uint32_t flags, ContactRecord& record) override;
     bool FindByNumber(const Str& number, Array<uint32_t>& oids) override;
+
+    std::vector<StoredEntry> added;
+    std::set<uint32_t> pictures{7};
+    std::set<uint32_t> deleted;
 };
 
 /// Selects the screen: profile, screen record and resource library (hi-res one at 192 dpi).

@@ -23,6 +23,9 @@ namespace {
 constexpr COLORREF kBackground = RGB(59, 70, 80);
 constexpr COLORREF kSelection = RGB(250, 196, 84);
 constexpr COLORREF kMagenta = RGB(255, 0, 255);
+/// The round face in the middle of the test photo.
+constexpr COLORREF kPhotoFace = RGB(232, 190, 160);
+constexpr uint32_t kPhotoOid = 7;
 
 int QuietAlert(const char16_t*, const char16_t*, uint32_t) {
     return kAlertAnswerOk;
@@ -84,11 +87,10 @@ class BoardWindowTest : public ::testing::Test {
 
     // The desktop's contacts store decodes pictures in its own layer; the test hands the photo
     // contact its picture the way a decoded one is cached.
-    void GivePhoto() {
-        const int index = board_->Board().FindBySlot(7);
-        ASSERT_GE(index, 0);
+    HBITMAP GivePhoto(uint32_t oid = kPhotoOid) {
         const BoardGeometry& g = board_->Geometry();
-        board_->Board().SetPhoto(index, MakeTestPhoto(g.CellW() + g.CellW() / 4, g.CellH()));
+        return board_->Photos().Put(
+            oid, gdi::Object<HBITMAP>(MakeTestPhoto(g.CellW() + g.CellW() / 4, g.CellH())));
     }
 
     shot::Image Shoot(const std::string& name) {
@@ -179,9 +181,21 @@ TEST_F(BoardWindowTest, PhoneTypeAndDialerNumbersShown) {
         const COLORREF inFrame = image.At(cell.right - frame.cx / 2, cell.bottom - frame.cy / 2);
         const COLORREF face = image.At(cell.left + cell.Width() / 4, cell.top + cell.Height() / 2);
         EXPECT_NE(inFrame, face);
-        // Without a number (slot 3) the corner stays the face's.
-        const Rect& plain = board_->Geometry().Cell(3);
-        EXPECT_NE(image.At(plain.right - frame.cx / 2, plain.bottom - frame.cy / 2), inFrame);
+        // Without a number (slot 3) the face is intact where the frame would be: that box is
+        // the same as with the numbers switched off, while Anna's changes.
+        board_->SetShowsDialerButton(false);
+        const shot::Image unnumbered = RenderBoard(*board_);
+        const auto changed = [&](const Rect& box) {
+            int count = 0;
+            for (int y = box.top; y < box.bottom; ++y) {
+                for (int x = box.left; x < box.right; ++x)
+                    count += image.At(x, y) != unnumbered.At(x, y) ? 1 : 0;
+            }
+            return count;
+        };
+        ASSERT_EQ(board_->Board().EntryAt(board_->Board().FindBySlot(3)).btn, kNoDialerNumber);
+        EXPECT_EQ(changed(NumberFrameBox(board_->Geometry().Cell(3), frame.cx, frame.cy)), 0);
+        EXPECT_GT(changed(NumberFrameBox(cell, frame.cx, frame.cy)), 0);
         board_.reset();
         FreeLibrary(library_);
         library_ = nullptr;
@@ -204,30 +218,55 @@ TEST_F(BoardWindowTest, PhotoButtonShowsThePhotoInsideItsFrame) {
     const shot::Image image = Shoot("board-480x640-photo");
     const Rect& cell = board.Geometry().Cell(7);
     // The test photo's round face (a warm colour) shows in the middle of the frame.
-    EXPECT_EQ(image.At((cell.left + cell.right) / 2, cell.top + cell.Height() * 2 / 5),
-              RGB(232, 190, 160));
+    EXPECT_EQ(image.At((cell.left + cell.right) / 2, cell.top + cell.Height() * 2 / 5), kPhotoFace);
     // The frame's outer corner hides the photo with the background.
     EXPECT_EQ(image.At(cell.left, cell.top), kBackground);
 }
 
-TEST_F(BoardWindowTest, DeletedContactKeepsItsStoredNameOnAPlainFace) {
+/// Whether any pixel of `colour` lies in the box.
+bool HasColour(const shot::Image& image, const Rect& box, COLORREF colour) {
+    for (int y = box.top; y < box.bottom; ++y) {
+        for (int x = box.left; x < box.right; ++x) {
+            if (image.At(x, y) == colour)
+                return true;
+        }
+    }
+    return false;
+}
+
+TEST_F(BoardWindowTest, DeletedContactWithAPictureKeepsItsStoredNameOnAPlainFace) {
+    // "Old Office" belongs to contact 8, which has a picture when the board is first read.
+    std::vector<StoredEntry> entries = DemoEntries();
+    ASSERT_EQ(entries[6].slot, 6);
+    entries[6].oid = 8;
+    StoreEntries(entries);
+    contacts_.added.push_back(entries[6]);
+    contacts_.pictures.insert(8);
     BoardWindow& board = Open({480, 640, 192}, true, false, false);
     const int index = board.Board().FindBySlot(6);
     ASSERT_GE(index, 0);
-    EXPECT_EQ(board.Board().EntryAt(index).oid, 0u);
+    ASSERT_EQ(board.Board().EntryAt(index).oid, 8u);
+    ASSERT_EQ(board.Board().EntryAt(index).flags & 1u, 1u);
+    HBITMAP photo = GivePhoto(8);
+    const Rect& cell = board.Geometry().Cell(6);
+    EXPECT_TRUE(HasColour(Shoot("board-480x640-contact-before-deletion"), cell, kPhotoFace));
+
+    // The contact is deleted; the refresh finds it gone but leaves its picture flag to the
+    // paint, which must clear it rather than look for a picture of no contact.
+    contacts_.deleted.insert(8);
+    board.RefreshContacts();
+    ASSERT_EQ(board.Board().EntryAt(index).oid, 0u);
+    ASSERT_EQ(board.Board().EntryAt(index).flags & 1u, 1u);
     EXPECT_EQ(DisplayName(board.Board().EntryAt(index)), Str(u"Old Office"));
     const shot::Image image = Shoot("board-480x640-deleted-contact");
-    const Rect& cell = board.Geometry().Cell(6);
-    const shot::Image& i = image;
-    // A plain face (the dark text face), with white name text somewhere in its middle rows.
-    bool white = false;
-    for (int x = cell.left; x < cell.right && !white; ++x) {
-        for (int y = cell.top + cell.Height() / 3; y < cell.bottom - cell.Height() / 3; ++y) {
-            if (i.At(x, y) == RGB(255, 255, 255))
-                white = true;
-        }
-    }
-    EXPECT_TRUE(white);
+    EXPECT_EQ(board.Board().EntryAt(index).flags & 1u, 0u);
+    EXPECT_EQ(board.Photos().Find(8), nullptr);
+    EXPECT_EQ(GetObjectType(photo), 0u);  // deleted, not just forgotten
+    // A plain face (the dark text face) without the photo, with the white name in its middle.
+    EXPECT_FALSE(HasColour(image, cell, kPhotoFace));
+    const Rect middle{cell.left, cell.top + cell.Height() / 3, cell.right,
+                      cell.bottom - cell.Height() / 3};
+    EXPECT_TRUE(HasColour(image, middle, RGB(255, 255, 255)));
 }
 
 TEST_F(BoardWindowTest, PictureThatCannotBeReadLeavesAPlainFace) {
@@ -237,7 +276,7 @@ TEST_F(BoardWindowTest, PictureThatCannotBeReadLeavesAPlainFace) {
     ASSERT_EQ(board.Board().EntryAt(index).flags & 1u, 1u);
     const shot::Image image = Shoot("board-480x640-unreadable-picture");
     EXPECT_EQ(board.Board().EntryAt(index).flags & 1u, 0u);
-    EXPECT_EQ(board.Board().EntryAt(index).photo, nullptr);
+    EXPECT_EQ(board.Photos().Find(kPhotoOid), nullptr);
     // Drawn as the plain text face: its name in white.
     const Rect& cell = board.Geometry().Cell(7);
     bool white = false;
@@ -273,15 +312,16 @@ TEST_F(BoardWindowTest, LongNameWrapsAboveTheLabelAndEqualTypeColoursDropTheShad
         std::filesystem::temp_directory_path() /
         (L"dd-view-colours-" + std::to_wstring(GetCurrentProcessId()));
     std::filesystem::create_directories(folder / "DialdeckSkin");
-    {
+    const auto writeSkin = [&folder](const char* shadow) {
         std::ofstream ini(folder / "DialdeckSkinskin.ini", std::ios::binary);
         ini << "[Dialdeck]\r\nTxtColor=255,255,0\r\nPhoneTypeColor1=0,255,255\r\n"
-               "PhoneTypeColor2=0,255,255\r\n";
-    }
+            << "PhoneTypeColor2=" << shadow << "\r\n";
+    };
+    writeSkin("0,255,255");
     BoardWindow& board =
         Open({480, 640, 192}, true, true, false, (folder / "DialdeckSkin").wstring());
     const shot::Image image = Shoot("board-480x640-long-name-no-shadow");
-    const Rect& cell = board.Geometry().Cell(5);  // "Dr. Margarethe Vanderbilt-Oppenheimer"
+    const Rect cell = board.Geometry().Cell(5);  // "Dr. Margarethe Vanderbilt-Oppenheimer"
     const int labelH = Skin::GetFontHeight(board.GetSkin()->Font(SkinFont::kSmall));
     const Rect nameBox = NameBox(cell, 192, 192, labelH);
     bool inside = false;
@@ -299,10 +339,23 @@ TEST_F(BoardWindowTest, LongNameWrapsAboveTheLabelAndEqualTypeColoursDropTheShad
         }
     }
     EXPECT_GT(bottom - top, 3 * labelH);
-    // The label is drawn, and without a black shadow.
+    // The label is drawn in the bottom band. A shadow in the label's own colour would add
+    // label-coloured pixels one step up and left, so count them against the same label drawn
+    // with a red shadow, where the label covers exactly its own pixels.
     const Rect band{cell.left, cell.bottom - labelH - 4, cell.right, cell.bottom};
-    EXPECT_GT(CountColour(image, band, RGB(0, 255, 255), cell, inside), 0);
-    EXPECT_EQ(CountColour(image, cell, RGB(0, 0, 0), cell, inside), 0);
+    const int labelPixels = CountColour(image, cell, RGB(0, 255, 255), band, inside);
+    EXPECT_GT(labelPixels, 0);
+    EXPECT_TRUE(inside);
+    board_.reset();
+    FreeLibrary(library_);
+    library_ = nullptr;
+    writeSkin("255,0,0");
+    BoardWindow& shadowed =
+        Open({480, 640, 192}, true, true, false, (folder / "DialdeckSkin").wstring());
+    const shot::Image withShadow = Shoot("board-480x640-label-red-shadow");
+    ASSERT_EQ(shadowed.Geometry().Cell(5), cell);
+    EXPECT_GT(CountColour(withShadow, cell, RGB(255, 0, 0), band, inside), 0);
+    EXPECT_EQ(CountColour(withShadow, cell, RGB(0, 255, 255), band, inside), labelPixels);
     board_.reset();
     std::filesystem::remove_all(folder, ignored);
 }
@@ -430,10 +483,12 @@ TEST_F(BoardWindowTest, GrowByPageAddsAnEmptyPage) {
 
 TEST_F(BoardWindowTest, ButtonSizeChangeDropsThePhotos) {
     BoardWindow& board = Open({480, 640, 192}, true, false, false);
-    const int index = board.Board().FindBySlot(7);
-    ASSERT_NE(board.Board().EntryAt(index).photo, nullptr);
+    HBITMAP photo = board.Photos().Find(kPhotoOid);
+    ASSERT_NE(photo, nullptr);
     board.SetBigButtons(false);
-    EXPECT_EQ(board.Board().EntryAt(index).photo, nullptr);
+    EXPECT_EQ(board.Photos().Find(kPhotoOid), nullptr);
+    EXPECT_EQ(board.Photos().Count(), 0);
+    EXPECT_EQ(GetObjectType(photo), 0u);  // deleted, not just forgotten
     EXPECT_EQ(board.GetSkin()->CellWidth(), 108);
 }
 

@@ -70,8 +70,8 @@ int main(int argc, char** argv) {
             return 1;
         }
         const BoardGeometry& g = board.Geometry();
-        board.Board().SetPhoto(board.Board().FindBySlot(7),
-                               MakeTestPhoto(g.CellW() + g.CellW() / 4, g.CellH()));
+        board.Photos().Put(
+            7, gdi::Object<HBITMAP>(MakeTestPhoto(g.CellW() + g.CellW() / 4, g.CellH())));
         std::printf(
             "board 480 x 640 at 192 dpi: %d x %d buttons, names, labels, numbers, a photo\n",
             g.Cols(), g.Rows());

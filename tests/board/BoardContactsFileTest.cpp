@@ -164,15 +164,6 @@ TEST_F(BoardContactsFileTest, MissingFileLeavesButtonsDialableByTheirNumber) {
     EXPECT_EQ(S(second->board.EntryAt(0).first), u"Anna");
 }
 
-// Anna's card gives her sort name in N's SORT-AS, Bo's in phonetic name fields; by their sort
-// names Bo comes first, by their composed names Anna does.
-constexpr char kAnnaSorted[] =
-    "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:anna-1\r\nN;SORT-AS=\"Wiberg,Anna\":Berg;Anna;;;\r\n"
-    "EMAIL:anna@dune.example\r\nTEL;TYPE=cell:+46 70 111 22 33\r\nEND:VCARD\r\n";
-constexpr char kBoSorted[] =
-    "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:bo-1\r\nN:Ek;Bo;;;\r\nX-PHONETIC-LAST-NAME:Eek\r\n"
-    "X-PHONETIC-FIRST-NAME:Boo\r\nTEL;TYPE=HOME:+46 31 777 88 99\r\nEND:VCARD\r\n";
-
 TEST_F(BoardContactsFileTest, SortTypeOneShowsAndSortsButtonsByTheCardsSortNames) {
     SetSortType(1);
     WriteContacts(std::string(kAnnaSorted) + kBoSorted);

@@ -9,10 +9,13 @@
 #include "base/Str.h"
 #include "contacts/ContactRecord.h"
 
-/// The read flags the board uses: names only when re-linking; names, phones and the
-/// has-picture test when filling or refreshing a button.
+/// The read flags the board uses: names only when re-linking; names, phones, the has-picture
+/// test and the extra text when filling or refreshing a button.
 constexpr uint32_t kReadNames = 1;
-constexpr uint32_t kReadForButton = 35;
+/// 35 names the groups a button shows (names 1, phones 2, has-picture 32); the extra text (16)
+/// is one flag more, because every entry takes it from the contact too: with "SortType" 1 it is
+/// the name the button shows and sorts by, and without its flag a read leaves it empty.
+constexpr uint32_t kReadForButton = 35 | 16;
 
 class ContactSource {
   public:

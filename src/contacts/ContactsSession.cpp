@@ -160,13 +160,25 @@ bool ContactsSession::Open() {
         return true;
     platform_.InitializeCom();
     std::unique_ptr<ContactsStore> store = platform_.CreateStore();
-    if (store == nullptr)
+    if (store == nullptr) {
+        platform_.UninitializeCom();
         return false;
+    }
+    // Without a window the session still opens, only without notices.
     if (listener_ != nullptr && listenerWindow_ == nullptr) {
         listenerWindow_ = platform_.CreateListenerWindow(*this);
     }
-    if (!store->Logon(listenerWindow_))
+    if (!store->Logon(listenerWindow_)) {
+        // A failed Open leaves nothing behind, so that a later one starts from scratch: the
+        // store goes before the window it was given, and COM goes last.
+        store.reset();
+        if (listenerWindow_ != nullptr) {
+            platform_.DestroyListenerWindow(listenerWindow_);
+            listenerWindow_ = nullptr;
+        }
+        platform_.UninitializeCom();
         return false;
+    }
     store_ = std::move(store);
     if (listenerWindow_ != nullptr)
         EnableFolderNotices();

@@ -86,7 +86,8 @@ class ContactsSession {
     ContactsSession& operator=(const ContactsSession&) = delete;
 
     /// Connects to the contacts database; with a listener, also creates the listener window and
-    /// asks the default folder for local and remote notices. True on success.
+    /// asks the default folder for local and remote notices. True on success; on failure
+    /// whatever this call acquired (COM, the store, the window) is released again.
     bool Open();
     bool IsOpen() const { return store_ != nullptr; }
     /// Fills record with the groups of `flags` (read_flags) of the contact `oid`; the picture

@@ -143,6 +143,98 @@ void MapNames(const VCard& card, StoredContact& contact) {
     }
 }
 
+/// Undoes the caret escapes of a parameter value: ^' a double quote, ^^ a caret, ^n a line
+/// break (a blank here, as a sort name is one line).
+Str UncaretParam(const Str& value) {
+    Str out;
+    for (int i = 0; i < value.Length(); ++i) {
+        char16_t next = i + 1 < value.Length() ? value[i + 1] : 0;
+        if (value[i] == u'^' && (next == u'\'' || next == u'^' || next == u'n' || next == u'N')) {
+            out.Append(next == u'\'' ? u'"' : next == u'^' ? u'^' : u' ');
+            ++i;
+        } else {
+            out.Append(value[i]);
+        }
+    }
+    return out;
+}
+
+/// Appends a non-empty piece to a sort name, one blank between pieces.
+void AppendPiece(Str& name, const Str& piece) {
+    if (piece.IsEmpty())
+        return;
+    if (!name.IsEmpty())
+        name.Append(u' ');
+    name.Append(piece);
+}
+
+/// The components of a property's SORT-AS parameter, escapes undone, empty ones dropped. They
+/// are comma-separated; a semicolon separates them too, as some address books write the
+/// components of N's sort name like N's own.
+std::vector<Str> SortAsOf(const VCardProperty* property) {
+    std::vector<Str> pieces;
+    if (property == nullptr)
+        return pieces;
+    VCardProperty sortAs;
+    for (const VCardParam& param : property->params) {
+        if (param.name == "SORT-AS") {
+            // The reader split the values at commas outside quotes; join them back.
+            for (const std::string& value : param.values) {
+                if (!sortAs.value.empty())
+                    sortAs.value += ',';
+                sortAs.value += value;
+            }
+        } else if (param.name == "CHARSET") {
+            sortAs.params.push_back(param);
+        }
+    }
+    if (sortAs.value.empty())
+        return pieces;
+    for (const Str& component : SplitVCardRaw(UncaretParam(DecodeVCardText(sortAs)), u',')) {
+        for (const Str& raw : SplitVCardRaw(component, u';')) {
+            Str piece = Trim(UnescapeVCardText(raw));
+            if (!piece.IsEmpty())
+                pieces.push_back(piece);
+        }
+    }
+    return pieces;
+}
+
+/// The card's own sort name (see the header): SORT-STRING, else N's SORT-AS, else the phonetic
+/// name fields, else a 2.1 phone's phonetic N (SOUND;X-IRMC-N), else ORG's SORT-AS for a card
+/// that names no person.
+Str SortNameOf(const VCard& card, const StoredContact& contact) {
+    Str name = FirstText(card, "SORT-STRING");
+    if (!name.IsEmpty())
+        return name;
+    for (const Str& piece : SortAsOf(card.Find("N")))
+        AppendPiece(name, piece);
+    if (!name.IsEmpty())
+        return name;
+    for (const char* field :
+         {"X-PHONETIC-LAST-NAME", "X-PHONETIC-FIRST-NAME", "X-PHONETIC-MIDDLE-NAME"}) {
+        AppendPiece(name, FirstText(card, field));
+    }
+    if (!name.IsEmpty())
+        return name;
+    for (const VCardProperty& property : card.properties) {
+        if (property.name != "SOUND" || !property.HasType("X-IRMC-N"))
+            continue;
+        std::vector<Str> phonetic = ComponentsOf(card, &property);
+        for (size_t i = 0; i < 3; ++i)
+            AppendPiece(name, Component(phonetic, i));
+        if (!name.IsEmpty())
+            return name;
+    }
+    bool person = contact.Text(kLastName) || contact.Text(kFirstName) || contact.Text(kMiddleName);
+    if (person)
+        return Str();
+    // An organisation's sort name has a component for each unit, as ORG has; the company the
+    // board shows is the first.
+    std::vector<Str> organisation = SortAsOf(card.Find("ORG"));
+    return organisation.empty() ? Str() : organisation.front();
+}
+
 uint32_t Fnv1a(uint32_t hash, const std::u16string& text) {
     for (char16_t c : text) {
         hash = (hash ^ (c & 0xFF)) * 16777619u;
@@ -156,12 +248,14 @@ std::u16string IdentityOf(const StoredContact& contact, const VCard& card) {
     if (!uid.IsEmpty())
         return u"uid:" + std::u16string(uid.c_str());
     std::u16string identity = u"card";
-    for (uint32_t id : {kLastName, kFirstName, kMiddleName, kCompany, kExtraText}) {
+    for (uint32_t id : {kLastName, kFirstName, kMiddleName, kCompany}) {
         const Str* text = contact.Text(id);
         identity += u'\x1F';
         if (text != nullptr)
             identity += text->c_str();
     }
+    identity += u'\x1F';
+    identity += FirstText(card, "EMAIL").c_str();
     for (const PhoneProperty& phone : kPhoneProperties) {
         if (const Str* number = contact.Text(phone.propId)) {
             identity += u'\x1F';
@@ -172,8 +266,10 @@ std::u16string IdentityOf(const StoredContact& contact, const VCard& card) {
     return identity;
 }
 
-bool IsEmpty(const StoredContact& contact) {
-    return contact.texts.empty() && contact.notes == nullptr && contact.picture == nullptr;
+/// A card with nothing of a contact; a card with only an e-mail address is still a contact.
+bool IsEmpty(const StoredContact& contact, const VCard& card) {
+    return contact.texts.empty() && contact.notes == nullptr && contact.picture == nullptr &&
+           FirstText(card, "EMAIL").IsEmpty();
 }
 
 }  // namespace
@@ -181,7 +277,7 @@ bool IsEmpty(const StoredContact& contact) {
 StoredContact ContactFromVCard(const VCard& card, std::u16string& identity) {
     StoredContact contact;
     MapNames(card, contact);
-    contact.SetText(kExtraText, FirstText(card, "EMAIL"));
+    contact.SetText(kExtraText, SortNameOf(card, contact));
     contact.SetText(kExtraText3, FirstText(card, "ROLE"));
     contact.SetText(kList, CategoriesOf(card));
     std::vector<NotesNumber> rest = PlaceNumbers(card, contact);
@@ -207,7 +303,7 @@ std::vector<StoredContact> ReadContactsFile(const uint8_t* bytes, size_t size) {
     for (const VCard& card : ReadVCards(bytes, size)) {
         std::u16string identity;
         StoredContact contact = ContactFromVCard(card, identity);
-        if (IsEmpty(contact))
+        if (IsEmpty(contact, card))
             continue;
         uint32_t oid = 0;
         for (uint32_t attempt = 0; oid == 0 || used.count(oid) != 0; ++attempt) {

@@ -6,7 +6,16 @@
 //   FN          first name, only when N gives no name and FN is not the company's name
 //   ORG         company (first unit); the second unit to extra text 2 (department)
 //   TITLE       name part 5;  NICKNAME: name part 6 (the first of the list)
-//   EMAIL       extra text (the first one);  ROLE: extra text 3
+//   ROLE        extra text 3;  EMAIL: not mapped, only part of a card's identity (below)
+//   sort name   extra text: the name the board shows and sorts by in the alternative name order
+//               ("SortType" 1), from the first of these that gives one: SORT-STRING (3.0); the
+//               SORT-AS parameter of N (4.0: components in N's order, family, given, ...,
+//               separated by commas, or by semicolons as some phones write them); the phonetic
+//               name fields X-PHONETIC-LAST-NAME, X-PHONETIC-FIRST-NAME, X-PHONETIC-MIDDLE-NAME
+//               (as phone and desktop address books export them); a 2.1 phone's phonetic name
+//               SOUND;X-IRMC-N (family;given;middle); and, for a card that names no person, the
+//               first component of ORG's SORT-AS. Pieces are joined by one blank, family name
+//               first: N;SORT-AS="Mann,James" gives "Mann James".
 //   CATEGORIES  the list property, items joined by ", "
 //   TEL         numbers with a type that names a property go first, each into the first free
 //               property it allows: CELL, MOBILE, IPHONE -> Mobile; HOME -> Home, then Home 2;

@@ -39,6 +39,19 @@ Array<Str> SplitPositional(const Str& text) {
     }
 }
 
+/// Whether a stored name (which may hold a zero character from the file) is exactly `wanted`,
+/// a C text: a name with a zero inside is longer than its C text, so "K<NUL>x" is not "K".
+bool SameName(const Str& stored, const char16_t* wanted) {
+    if (wanted == nullptr)
+        return stored.IsEmpty();
+    int i = 0;
+    for (; wanted[i] != 0; ++i) {
+        if (i >= stored.Length() || stored[i] != wanted[i])
+            return false;
+    }
+    return i == stored.Length();
+}
+
 }  // namespace
 
 void IniFile::Parse(const uint8_t* bytes, size_t length) {
@@ -88,7 +101,7 @@ Str IniFile::SectionName(int index) const {
 
 int IniFile::FindSection(const char16_t* name) const {
     for (int i = 0; i < sections_.Size(); ++i) {
-        if (chars::Compare(sections_[i].name, name) == 0)
+        if (SameName(sections_[i].name, name))
             return i;
     }
     return -1;
@@ -99,7 +112,7 @@ Str IniFile::GetValue(int section, const char16_t* key) const {
         return Str();
     const IniSection& s = sections_[section];
     for (int i = 0; i < s.keys.Size(); ++i) {
-        if (chars::Compare(s.keys[i], key) == 0)
+        if (SameName(s.keys[i], key))
             return s.values[i];
     }
     return Str();

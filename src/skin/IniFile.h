@@ -26,10 +26,12 @@ class IniFile {
     int SectionCount() const { return sections_.Size(); }
     /// Name of section `index`; empty outside the list.
     Str SectionName(int index) const;
-    /// Index of the first section whose name equals `name` exactly (case-sensitive), or -1.
+    /// Index of the first section whose name equals `name` exactly (case-sensitive, whole
+    /// names: a name holding a zero byte from the file is not the text before the zero), or -1.
     int FindSection(const char16_t* name) const;
 
-    /// Value of the first pair of the section whose key equals `key` exactly; empty for a bad
+    /// Value of the first pair of the section whose key equals `key` exactly (whole keys, as
+    /// for section names); empty for a bad
     /// section index or a missing key. A null key looks for an empty key, which is never stored.
     Str GetValue(int section, const char16_t* key) const;
     /// Clears `list`, cuts `text` at every comma and appends each trimmed, non-empty piece.

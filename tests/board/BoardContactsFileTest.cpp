@@ -11,6 +11,7 @@
 #include "TempDir.h"
 #include "TestCards.h"
 #include "base/FileMemory.h"
+#include "base/Registry.h"
 #include "base/RegistryMemory.h"
 #include "board/DialBoard.h"
 
@@ -40,12 +41,18 @@ class BoardContactsFileTest : public testing::Test {
         return start;
     }
 
-    // The object id the store gives Anna now.
-    uint32_t AnnasOid(Start& start) {
+    // The object id the store gives the owner of a number now.
+    uint32_t OidOf(Start& start, const char16_t* number) {
         Array<uint32_t> oids;
-        EXPECT_TRUE(start.contacts.Client().SearchNumber(u"+46701112233", oids));
+        EXPECT_TRUE(start.contacts.Client().SearchNumber(number, oids));
         EXPECT_EQ(oids.Size(), 1);
         return oids.IsEmpty() ? 0 : oids[0];
+    }
+    uint32_t AnnasOid(Start& start) { return OidOf(start, u"+46701112233"); }
+
+    static void SetSortType(uint32_t value) {
+        registry::KeyHolder key(registry::Create(u"Software\\Orvalis\\PIM\\Settings"));
+        registry::Set(key.get(), u"SortType", registry::kTypeDword, &value, sizeof(value));
     }
 
     TempDir dir_;
@@ -155,6 +162,48 @@ TEST_F(BoardContactsFileTest, MissingFileLeavesButtonsDialableByTheirNumber) {
     EXPECT_EQ(second->board.EntryAt(0).oid, 0u);
     EXPECT_EQ(S(second->board.EntryAt(0).phone), u"+46 70 111 22 33");
     EXPECT_EQ(S(second->board.EntryAt(0).first), u"Anna");
+}
+
+TEST_F(BoardContactsFileTest, SortTypeOneShowsAndSortsButtonsByTheCardsSortNames) {
+    SetSortType(1);
+    WriteContacts(std::string(kAnnaSorted) + kBoSorted);
+    auto first = StartProgram();
+    uint32_t anna = AnnasOid(*first);
+    uint32_t bo = OidOf(*first, u"+46317778899");
+    ASSERT_TRUE(first->board.Assign(3, anna, u"+46 70 111 22 33", u"Mobile", 0));
+    ASSERT_TRUE(first->board.Assign(7, bo, u"+46 31 777 88 99", u"Home", 1));
+    ASSERT_EQ(first->board.Count(), 2);
+    EXPECT_EQ(S(first->board.EntryAt(0).extra), u"Wiberg Anna");
+    EXPECT_EQ(S(DisplayName(first->board.EntryAt(0))), u"Wiberg Anna");
+    EXPECT_EQ(S(DisplayName(first->board.EntryAt(1))), u"Eek Boo");
+
+    first->board.SortByName();
+    EXPECT_EQ(first->board.EntryAt(0).oid, bo);
+    EXPECT_EQ(first->board.EntryAt(0).slot, 0);
+    EXPECT_EQ(first->board.EntryAt(1).oid, anna);
+    EXPECT_EQ(first->board.EntryAt(1).slot, 1);
+
+    // The composed names give the other order.
+    SetSortType(0);
+    EXPECT_EQ(S(DisplayName(first->board.EntryAt(1))), u"Berg, Anna");
+    first->board.SortByName();
+    EXPECT_EQ(first->board.EntryAt(0).oid, anna);
+}
+
+TEST_F(BoardContactsFileTest, SortNamesAreReadAgainAtTheNextStart) {
+    SetSortType(1);
+    WriteContacts(kAnnaSorted);
+    {
+        auto first = StartProgram();
+        ASSERT_TRUE(first->board.Assign(0, AnnasOid(*first), u"+46 70 111 22 33", u"Mobile", 0));
+    }
+    // The sort name is not stored with the button: the refresh reads it from the card.
+    std::string edited = kAnnaSorted;
+    edited.replace(edited.find("Wiberg"), 6, "Viberg");
+    WriteContacts(edited);
+    auto second = StartProgram();
+    ASSERT_EQ(second->board.Count(), 1);
+    EXPECT_EQ(S(DisplayName(second->board.EntryAt(0))), u"Viberg Anna");
 }
 
 }  // namespace

@@ -88,10 +88,10 @@ TEST_F(BoardEditsTest, DisplayTextComesFirst) {
 TEST_F(BoardEditsTest, SortTypeOneShowsTheExtraText) {
     DialEntry e;
     e.first = u"Anna";
-    e.extra = u"anna@dune.example";
+    e.extra = u"Berg Anna";
     EXPECT_EQ(S(DisplayName(e)), u"Anna");
     SetSortType(1);
-    EXPECT_EQ(S(DisplayName(e)), u"anna@dune.example");
+    EXPECT_EQ(S(DisplayName(e)), u"Berg Anna");
     SetSortType(2);
     EXPECT_EQ(S(DisplayName(e)), u"Anna");
 }

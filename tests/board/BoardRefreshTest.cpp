@@ -58,12 +58,12 @@ TEST_F(BoardRefreshTest, UnchangedContactIsNotSaved) {
     ASSERT_EQ(board_.Count(), 1);
     EXPECT_EQ(contacts_.reads.size(), 1u);
     EXPECT_EQ(contacts_.reads[0].first, 7u);
-    EXPECT_EQ(contacts_.reads[0].second, 35u);
+    EXPECT_EQ(contacts_.reads[0].second, 51u);  // names, phones, has-picture, extra text
     EXPECT_TRUE(contacts_.searches.empty());
 }
 
 TEST_F(BoardRefreshTest, NumbersExtraTextAndPictureFlagAreCachedButNotStored) {
-    contacts_.contacts[7].extra = u"anna@dune.example";
+    contacts_.contacts[7].extra = u"Berg Anna";
     contacts_.contacts[7].hasPicture = 1;
     StoreAnna(0, u"+4670111", u"Mobile", 0);
     EXPECT_EQ(LoadCountingWrites(), 0);
@@ -71,7 +71,7 @@ TEST_F(BoardRefreshTest, NumbersExtraTextAndPictureFlagAreCachedButNotStored) {
     ASSERT_EQ(e.phones.Size(), 2);
     EXPECT_EQ(S(e.phones[1].number), u"+4680222");
     EXPECT_EQ(e.phones[1].type, 3);
-    EXPECT_EQ(S(e.extra), u"anna@dune.example");
+    EXPECT_EQ(S(e.extra), u"Berg Anna");
     EXPECT_EQ(e.flags, 1u);
 }
 
@@ -179,7 +179,7 @@ TEST_F(BoardRefreshTest, DeletedAndRecreatedContactIsReboundToItsNewOid) {
     ASSERT_EQ(contacts_.searches.size(), 1u);
     EXPECT_EQ(S(contacts_.searches[0]), u"+4680222");
     // The candidates are read by names only, the adopted contact then in full.
-    std::vector<std::pair<uint32_t, uint32_t>> expected = {{7, 35}, {20, 1}, {31, 1}, {31, 35}};
+    std::vector<std::pair<uint32_t, uint32_t>> expected = {{7, 51}, {20, 1}, {31, 1}, {31, 51}};
     EXPECT_EQ(contacts_.reads, expected);
     EXPECT_EQ(board_.EntryAt(0).phones.Size(), 2);
 }

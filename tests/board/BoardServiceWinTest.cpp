@@ -51,6 +51,7 @@ class BoardServiceWinTest : public testing::Test {
         registry::DeleteTree(DialBoard::kKeyPath);
         registry::KeyHolder settings(registry::Create(kSettingsPath));
         registry::DeleteValue(settings.get(), u"DdContactsFile");
+        registry::DeleteValue(settings.get(), u"SortType");
         DeleteFileW(reinterpret_cast<const wchar_t*>(path_.c_str()));
     }
 
@@ -77,10 +78,16 @@ class BoardServiceWinTest : public testing::Test {
         board.LoadEntries();
     }
 
-    uint32_t AnnasOid() {
+    uint32_t OidOf(const char16_t* number) {
         Array<uint32_t> oids;
-        EXPECT_TRUE(SearchServiceClient::Get().SearchNumber(u"+46701112233", oids));
+        EXPECT_TRUE(SearchServiceClient::Get().SearchNumber(number, oids));
         return oids.IsEmpty() ? 0 : oids[0];
+    }
+    uint32_t AnnasOid() { return OidOf(u"+46701112233"); }
+
+    static void SetSortType(uint32_t value) {
+        registry::KeyHolder settings(registry::Create(kSettingsPath));
+        registry::Set(settings.get(), u"SortType", registry::kTypeDword, &value, sizeof(value));
     }
 
     std::u16string path_;
@@ -130,6 +137,27 @@ TEST_F(BoardServiceWinTest, EditedNumberShowsAfterTheNextStart) {
     DialBoard third;
     third.LoadEntries();
     EXPECT_EQ(std::u16string(third.EntryAt(0).phone.c_str()), u"+46 8 999 00 11");
+}
+
+TEST_F(BoardServiceWinTest, SortTypeOneSortsByTheCardsSortNamesAfterTheNextStart) {
+    SetSortType(1);
+    WriteContacts(std::string(kAnnaSorted) + kBoSorted);
+    {
+        DialBoard first;
+        Start(first);
+        ASSERT_TRUE(first.Assign(3, AnnasOid(), u"+46 70 111 22 33", u"Mobile", 0));
+        ASSERT_TRUE(first.Assign(7, OidOf(u"+46317778899"), u"+46 31 777 88 99", u"Home", 1));
+    }
+    // The sort names are not stored with the buttons: this start reads them from the cards.
+    DialBoard second;
+    Start(second);
+    ASSERT_EQ(second.Count(), 2);
+    EXPECT_EQ(std::u16string(DisplayName(second.EntryAt(0)).c_str()), u"Wiberg Anna");
+    second.SortByName();
+    EXPECT_EQ(std::u16string(DisplayName(second.EntryAt(0)).c_str()), u"Eek Boo");
+    EXPECT_EQ(second.EntryAt(0).slot, 0);
+    EXPECT_EQ(std::u16string(DisplayName(second.EntryAt(1)).c_str()), u"Wiberg Anna");
+    EXPECT_EQ(second.EntryAt(1).slot, 1);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ class DialBoardTest : public testing::Test {
         anna.middle = u"C.";
         anna.company = u"Dune";
         anna.phones = {Phone(u"Mobile", u"111", 0), Phone(u"Work", u"222", 3)};
-        anna.extra = u"anna@dune.example";
+        anna.extra = u"Berg Anna";
         anna.hasPicture = 1;
         contacts_.contacts[7] = anna;
         FakeContact bo;
@@ -49,10 +49,10 @@ TEST_F(DialBoardTest, AssignAppendsANewEntryAndSavesItAlone) {
     EXPECT_EQ(S(e.middle), u"C.");
     EXPECT_EQ(S(e.company), u"Dune");
     EXPECT_EQ(e.phones.Size(), 2);
-    EXPECT_EQ(S(e.extra), u"anna@dune.example");
+    EXPECT_EQ(S(e.extra), u"Berg Anna");
     EXPECT_EQ(e.flags, 1u);
-    EXPECT_EQ(contacts_.reads.back().second, 35u);
-    EXPECT_EQ(StoredValues().size(), 12u);  // its eleven values and the marker: no rewrite
+    EXPECT_EQ(contacts_.reads.back().second, 51u);  // names, phones, has-picture, extra text
+    EXPECT_EQ(StoredValues().size(), 12u);          // its eleven values and the marker: no rewrite
     EXPECT_EQ(StoredNumber(u"Index", 0), 4u);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
-// An in-memory contact source for the board's tests: contacts by object id, the search by number
-// as exact matches of a stored number, and a record of every call.
+// An in-memory contact source for the board's tests: contacts by object id, each field read only
+// under its own read flag as the contacts session reads it, the search by number as exact matches
+// of a stored number, and a record of every call.
 
 #include <cstdint>
 #include <map>
@@ -48,8 +49,9 @@ class FakeContacts : public ContactSource {
         if (flags & 2) {
             for (const ContactPhone& phone : c.phones)
                 record.phones.Add(phone);
-            record.extraText = c.extra;
         }
+        if (flags & 16)
+            record.extraText = c.extra;
         if (flags & 32)
             record.hasPicture = c.hasPicture;
         return true;

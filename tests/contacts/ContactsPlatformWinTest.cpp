@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <fstream>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -168,6 +169,59 @@ TEST(ContactsPlatformWinTest, NoListenerNoWindow) {
     ASSERT_TRUE(session.Open());
     EXPECT_EQ(ListenerWindowOfThisThread(), nullptr);
     session.Destroy();
+    DeleteFileW(path.c_str());
+}
+
+/// The file's store behind a log on that fails while `failing` is set.
+class FailingLogonStore : public ContactsStore {
+  public:
+    FailingLogonStore(std::unique_ptr<ContactsStore> store, const bool& failing)
+        : store_(std::move(store)), failing_(failing) {}
+    bool Logon(ContactsNoticeTarget* owner) override { return !failing_ && store_->Logon(owner); }
+    void Logoff() override { store_->Logoff(); }
+    std::unique_ptr<ContactsItem> GetItemFromOid(uint32_t oid) override {
+        return store_->GetItemFromOid(oid);
+    }
+    std::unique_ptr<ContactsItem> GetDefaultFolder(int folderType) override {
+        return store_->GetDefaultFolder(folderType);
+    }
+    bool EnumerateOids(std::vector<uint32_t>& oids) override { return store_->EnumerateOids(oids); }
+    void Refresh() override { store_->Refresh(); }
+
+  private:
+    std::unique_ptr<ContactsStore> store_;
+    const bool& failing_;
+};
+
+class FailingLogonPlatform : public FilePlatform {
+  public:
+    using FilePlatform::FilePlatform;
+    std::unique_ptr<ContactsStore> CreateStore() override {
+        return std::make_unique<FailingLogonStore>(FilePlatform::CreateStore(), failing);
+    }
+    bool failing = true;
+};
+
+TEST(ContactsPlatformWinTest, AFailedLogonTakesItsListenerWindowAlong) {
+    std::wstring path = TempFile(L"dd-failedlogon.vcf");
+    WriteFile(path, Card("A", "1"));
+    FailingLogonPlatform platform(path);
+    ContactsSession session(platform);
+    RecordingListener listener;
+    session.SetListener(&listener);
+    EXPECT_FALSE(session.Open());
+    EXPECT_EQ(ListenerWindowOfThisThread(), nullptr);
+
+    platform.failing = false;
+    ASSERT_TRUE(session.Open());
+    EXPECT_NE(ListenerWindowOfThisThread(), nullptr);
+    std::vector<uint32_t> oids;
+    ASSERT_TRUE(session.Store()->EnumerateOids(oids));
+    ContactRecord record;
+    ASSERT_EQ(oids.size(), 1u);
+    EXPECT_TRUE(session.ReadContact(oids[0], record, read_flags::kNames, 0, 0));
+    session.Destroy();
+    EXPECT_EQ(ListenerWindowOfThisThread(), nullptr);
     DeleteFileW(path.c_str());
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -441,6 +442,175 @@ TEST(ContactsSessionRequestTest, TheRequestIsBuiltInOrder) {
     ASSERT_TRUE(session.ReadContact(1, record, read_flags::kExtra23 | read_flags::kList, 0, 0));
     EXPECT_EQ(platform.requested, (std::vector<uint32_t>{kOid, kList, kExtraText2, kExtraText3}));
 }
+
+/// What Open acquires, counted when acquired and when released.
+struct Holdings {
+    int comInits = 0;
+    int comUninits = 0;
+    int storesMade = 0;
+    int storesGone = 0;
+    int logons = 0;
+    int logoffs = 0;
+    int windowsMade = 0;
+    int windowsGone = 0;
+    int foldersMade = 0;
+    int foldersGone = 0;
+
+    bool Balanced() const {
+        return comInits == comUninits && storesMade == storesGone && logons == logoffs &&
+               windowsMade == windowsGone && foldersMade == foldersGone;
+    }
+};
+
+std::ostream& operator<<(std::ostream& out, const Holdings& h) {
+    return out << "COM " << h.comInits << "/" << h.comUninits << ", stores " << h.storesMade << "/"
+               << h.storesGone << ", logons " << h.logons << "/" << h.logoffs << ", windows "
+               << h.windowsMade << "/" << h.windowsGone << ", folders " << h.foldersMade << "/"
+               << h.foldersGone;
+}
+
+/// The steps of Open that can fail.
+enum class OpenStep { kCreateStore, kListenerWindow, kLogon, kFolder };
+
+class CountedFolder : public ContactsItem {
+  public:
+    CountedFolder(std::unique_ptr<ContactsItem> folder, Holdings& holdings)
+        : folder_(std::move(folder)), holdings_(holdings) {
+        ++holdings_.foldersMade;
+    }
+    ~CountedFolder() override { ++holdings_.foldersGone; }
+    bool GetProps(const uint32_t* ids, int count, std::vector<PropertyValue>& values) override {
+        return folder_->GetProps(ids, count, values);
+    }
+    bool SetProps(const PropertyValue* values, int count) override {
+        return folder_->SetProps(values, count);
+    }
+    std::unique_ptr<ContactsStream> OpenStream(uint32_t propId) override {
+        return folder_->OpenStream(propId);
+    }
+
+  private:
+    std::unique_ptr<ContactsItem> folder_;
+    Holdings& holdings_;
+};
+
+class CountedStore : public MemoryContactsStore {
+  public:
+    explicit CountedStore(Holdings& holdings) : holdings_(holdings) { ++holdings_.storesMade; }
+    ~CountedStore() override { ++holdings_.storesGone; }
+    bool Logon(ContactsNoticeTarget* owner) override {
+        if (!MemoryContactsStore::Logon(owner))
+            return false;
+        ++holdings_.logons;
+        return true;
+    }
+    void Logoff() override {
+        if (IsLoggedOn())
+            ++holdings_.logoffs;
+        MemoryContactsStore::Logoff();
+    }
+    std::unique_ptr<ContactsItem> GetDefaultFolder(int folderType) override {
+        std::unique_ptr<ContactsItem> folder = MemoryContactsStore::GetDefaultFolder(folderType);
+        if (folder == nullptr)
+            return nullptr;
+        return std::make_unique<CountedFolder>(std::move(folder), holdings_);
+    }
+
+  private:
+    Holdings& holdings_;
+};
+
+/// A platform that fails at one step of Open while `failing` is set, counting what it hands out.
+class FailingPlatform : public ContactsPlatform {
+  public:
+    explicit FailingPlatform(OpenStep step) : step_(step) {}
+    void InitializeCom() override { ++holdings.comInits; }
+    void UninitializeCom() override { ++holdings.comUninits; }
+    std::unique_ptr<ContactsStore> CreateStore() override {
+        if (failing && step_ == OpenStep::kCreateStore)
+            return nullptr;
+        auto store = std::make_unique<CountedStore>(holdings);
+        store->Put(Contact(1, {{kFirstName, u"A"}}));
+        store->FailLogon(failing && step_ == OpenStep::kLogon);
+        store->FailFolder(failing && step_ == OpenStep::kFolder);
+        return store;
+    }
+    ContactsNoticeTarget* CreateListenerWindow(ContactsSession& session) override {
+        if (failing && step_ == OpenStep::kListenerWindow)
+            return nullptr;
+        ++holdings.windowsMade;
+        return ContactsPlatform::CreateListenerWindow(session);
+    }
+    void DestroyListenerWindow(ContactsNoticeTarget* window) override {
+        ++holdings.windowsGone;
+        ContactsPlatform::DestroyListenerWindow(window);
+    }
+
+    Holdings holdings;
+    bool failing = true;
+
+  private:
+    OpenStep step_;
+};
+
+class ContactsSessionOpenFailureTest : public ::testing::TestWithParam<OpenStep> {};
+
+TEST_P(ContactsSessionOpenFailureTest, WhatOpenAcquiredIsReleasedAndALaterOpenSucceeds) {
+    FailingPlatform platform(GetParam());
+    RecordingListener listener;
+    {
+        ContactsSession session(platform);
+        session.SetListener(&listener);
+        bool opened = session.Open();
+        // Only the log on and the store are essential; without a window or the folder's
+        // setting the session opens without notices.
+        bool essential = GetParam() == OpenStep::kCreateStore || GetParam() == OpenStep::kLogon;
+        EXPECT_EQ(opened, !essential);
+        if (essential) {
+            EXPECT_FALSE(session.IsOpen());
+            EXPECT_TRUE(platform.holdings.Balanced()) << platform.holdings;
+        }
+        session.Destroy();
+        EXPECT_TRUE(platform.holdings.Balanced()) << platform.holdings;
+
+        platform.failing = false;
+        ASSERT_TRUE(session.Open());
+        EXPECT_EQ(platform.holdings.comInits - platform.holdings.comUninits, 1);
+        EXPECT_EQ(platform.holdings.logons - platform.holdings.logoffs, 1);
+        EXPECT_EQ(platform.holdings.windowsMade - platform.holdings.windowsGone, 1);
+        ContactRecord record;
+        ASSERT_TRUE(session.ReadContact(1, record, read_flags::kNames, 0, 0));
+        EXPECT_EQ(U16(record.firstName), u"A");
+        // The window of the second Open carries notices.
+        static_cast<MemoryContactsStore*>(session.Store())->Remove(1);
+        EXPECT_EQ(listener.notices, (std::vector<std::pair<int, uint32_t>>{{kItemDeleted, 1}}));
+    }
+    EXPECT_TRUE(platform.holdings.Balanced()) << platform.holdings;
+}
+
+TEST_P(ContactsSessionOpenFailureTest, RepeatedFailedOpensAcquireNothingForGood) {
+    FailingPlatform platform(GetParam());
+    ContactsSession session(platform);
+    RecordingListener listener;
+    session.SetListener(&listener);
+    for (int i = 0; i < 3; ++i)
+        session.Open();
+    if (!session.IsOpen()) {
+        EXPECT_TRUE(platform.holdings.Balanced()) << platform.holdings;
+    }
+    session.Destroy();
+    EXPECT_TRUE(platform.holdings.Balanced()) << platform.holdings;
+}
+
+std::string StepName(const ::testing::TestParamInfo<OpenStep>& step) {
+    constexpr const char* kNames[] = {"CreateStore", "ListenerWindow", "Logon", "Folder"};
+    return kNames[static_cast<int>(step.param)];
+}
+
+INSTANTIATE_TEST_SUITE_P(EachStep, ContactsSessionOpenFailureTest,
+                         ::testing::Values(OpenStep::kCreateStore, OpenStep::kListenerWindow,
+                                           OpenStep::kLogon, OpenStep::kFolder),
+                         StepName);
 
 TEST(ContactsSessionGetTest, TheProcessHasOneSession) {
     ContactsSession* first = ContactsSession::Get();

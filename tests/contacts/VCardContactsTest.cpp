@@ -74,7 +74,7 @@ TEST(VCardContactsTest, MapsNamesAndTexts) {
     EXPECT_EQ(TextOf(contact, kExtraText2), u"Research");
     EXPECT_EQ(TextOf(contact, kNamePart5), u"Chief Tester");
     EXPECT_EQ(TextOf(contact, kNamePart6), u"Johnny");
-    EXPECT_EQ(TextOf(contact, kExtraText), u"john@acme.example");
+    EXPECT_EQ(TextOf(contact, kExtraText), u"<none>");  // no sort name; the e-mail is not one
     EXPECT_EQ(TextOf(contact, kList), u"Work, VIP, Golf");
     EXPECT_EQ(TextOf(contact, kExtraText3), u"Owner");
     EXPECT_EQ(contact.notes, nullptr);
@@ -250,6 +250,106 @@ TEST(VCardContactsTest, ObjectIdsAreStableNeverZeroAndDistinct) {
                                         1));
 }
 
+// The extra text is the card's sort name.
+
+TEST(VCardContactsTest, SortStringIsTheSortName) {
+    StoredContact contact = ReadOne(
+        Card("3.0", "N:Smith;John;;;\r\nSORT-STRING:Smyth John\r\nEMAIL:john@acme.example\r\n"));
+    EXPECT_EQ(TextOf(contact, kExtraText), u"Smyth John");
+}
+
+TEST(VCardContactsTest, SortAsOfTheNameGivesFamilyThenGivenName) {
+    StoredContact quoted =
+        ReadOne(Card("4.0", "N;SORT-AS=\"Mann,James\":de Mann;Henry,James;;;\r\n"));
+    EXPECT_EQ(TextOf(quoted, kExtraText), u"Mann James");
+    EXPECT_EQ(TextOf(quoted, kLastName), u"de Mann");
+    StoredContact bare = ReadOne(Card("4.0", "N;SORT-AS=Mann,James:de Mann;Henry;;;\r\n"));
+    EXPECT_EQ(TextOf(bare, kExtraText), u"Mann James");
+    StoredContact familyOnly = ReadOne(Card("4.0", "N;SORT-AS=Mann:de Mann;Henry;;;\r\n"));
+    EXPECT_EQ(TextOf(familyOnly, kExtraText), u"Mann");
+}
+
+TEST(VCardContactsTest, SortAsComponentsMayBeSeparatedBySemicolons) {
+    // Family and given name readings in kana, written with a semicolon inside the quotes.
+    StoredContact contact =
+        ReadOne(Card("4.0",
+                     "N;SORT-AS=\"\xE3\x82\x84\xE3\x81\xBE\xE3\x81\xA0;\xE3\x81\x9F\xE3\x82\x8D"
+                     "\xE3\x81\x86\":\xE5\xB1\xB1\xE7\x94\xB0;\xE5\xA4\xAA\xE9\x83\x8E;;;\r\n"));
+    EXPECT_EQ(TextOf(contact, kExtraText), u"\u3084\u307E\u3060 \u305F\u308D\u3046");
+    EXPECT_EQ(TextOf(contact, kLastName), u"\u5C71\u7530");
+    EXPECT_EQ(TextOf(contact, kFirstName), u"\u592A\u90CE");
+}
+
+TEST(VCardContactsTest, SortAsUndoesCaretEscapes) {
+    StoredContact contact =
+        ReadOne(Card("4.0", "N;SORT-AS=\"Hat^^^'s,Ann^nMarie\":Hat;Ann;;;\r\n"));
+    EXPECT_EQ(TextOf(contact, kExtraText), u"Hat^\"s Ann Marie");
+}
+
+TEST(VCardContactsTest, PhoneticNameFieldsGiveFamilyGivenMiddle) {
+    StoredContact contact =
+        ReadOne(Card("3.0",
+                     "N:Doe;John;;;\r\nX-PHONETIC-FIRST-NAME:Jon\r\n"
+                     "X-PHONETIC-MIDDLE-NAME:Kwin\r\nX-PHONETIC-LAST-NAME:Dow\r\n"));
+    EXPECT_EQ(TextOf(contact, kExtraText), u"Dow Jon Kwin");
+    StoredContact givenOnly =
+        ReadOne(Card("3.0", "N:Doe;John;;;\r\nX-PHONETIC-FIRST-NAME:Jon\r\n"));
+    EXPECT_EQ(TextOf(givenOnly, kExtraText), u"Jon");
+}
+
+TEST(VCardContactsTest, APhonesPhoneticNameIsTheSortNameInVersionTwoOne) {
+    StoredContact contact = ReadOne(
+        Card("2.1", "N:Doe;John;;;\r\nSOUND;X-IRMC-N;CHARSET=UTF-8:Dow;Jon;;;\r\nTEL:1\r\n"));
+    EXPECT_EQ(TextOf(contact, kExtraText), u"Dow Jon");
+    StoredContact notPhonetic = ReadOne(Card("2.1", "N:Doe;John;;;\r\nSOUND:dow.wav\r\n"));
+    EXPECT_EQ(TextOf(notPhonetic, kExtraText), u"<none>");
+}
+
+TEST(VCardContactsTest, TheSortNameSourcesComeInOrder) {
+    std::string all =
+        "N;SORT-AS=\"Nsort\":Doe;John;;;\r\nX-PHONETIC-LAST-NAME:Phon\r\n"
+        "SOUND;X-IRMC-N:Sound;;;;\r\n";
+    EXPECT_EQ(TextOf(ReadOne(Card("3.0", "SORT-STRING:Str\r\n" + all)), kExtraText), u"Str");
+    EXPECT_EQ(TextOf(ReadOne(Card("3.0", all)), kExtraText), u"Nsort");
+    EXPECT_EQ(TextOf(ReadOne(Card("3.0",
+                                  "N:Doe;John;;;\r\nX-PHONETIC-LAST-NAME:Phon\r\n"
+                                  "SOUND;X-IRMC-N:Sound;;;;\r\n")),
+                     kExtraText),
+              u"Phon");
+    // Empty sources are passed over.
+    EXPECT_EQ(TextOf(ReadOne(Card("4.0",
+                                  "SORT-STRING:\r\nN;SORT-AS=\",;\":Doe;John;;;\r\n"
+                                  "X-PHONETIC-FIRST-NAME: \r\nSOUND;X-IRMC-N:Sound;;;;\r\n")),
+                     kExtraText),
+              u"Sound");
+}
+
+TEST(VCardContactsTest, AnOrganisationsSortNameServesOnlyACardWithoutAPerson) {
+    StoredContact company =
+        ReadOne(Card("4.0", "FN:Acme\r\nORG;SORT-AS=\"Akme,Research\":Acme;Research\r\nTEL:1\r\n"));
+    EXPECT_EQ(TextOf(company, kExtraText), u"Akme");
+    StoredContact person =
+        ReadOne(Card("4.0", "N:Doe;John;;;\r\nORG;SORT-AS=\"Akme\":Acme\r\nTEL:1\r\n"));
+    EXPECT_EQ(TextOf(person, kExtraText), u"<none>");
+}
+
+TEST(VCardContactsTest, TheEmailStillTellsCardsWithoutUidApart) {
+    std::vector<StoredContact> contacts =
+        ReadFile(Card("3.0", "N:Beta;Bob\r\nEMAIL:bob@one.example\r\n") +
+                 Card("3.0", "N:Beta;Bob\r\nEMAIL:bob@two.example\r\n"));
+    ASSERT_EQ(contacts.size(), 2u);
+    EXPECT_EQ(contacts[0].oid, ObjectIdFor(u"card\x1F"
+                                           u"Beta\x1F"
+                                           u"Bob\x1F\x1F\x1F"
+                                           u"bob@one.example",
+                                           0));
+    EXPECT_EQ(contacts[1].oid, ObjectIdFor(u"card\x1F"
+                                           u"Beta\x1F"
+                                           u"Bob\x1F\x1F\x1F"
+                                           u"bob@two.example",
+                                           0));
+}
+
 TEST(VCardContactsTest, EmptyCardsAreNotContacts) {
     EXPECT_TRUE(ReadFile(Card("3.0", "") + Card("2.1", "N:;;;;\r\nTEL:\r\n")).empty());
     EXPECT_EQ(ReadFile(Card("3.0", "EMAIL:only@example.com\r\n")).size(), 1u);
@@ -318,7 +418,7 @@ TEST(VCardContactsTest, ReadsAnAddressBookExportInVersionThree) {
     EXPECT_EQ(TextOf(contact, kLastName), u"M\x00FCller");
     EXPECT_EQ(TextOf(contact, kFirstName), u"J\x00FCrgen");
     EXPECT_EQ(TextOf(contact, kCompany), u"Stadtwerke");
-    EXPECT_EQ(TextOf(contact, kExtraText), u"j@example.de");
+    EXPECT_EQ(TextOf(contact, kExtraText), u"<none>");
     EXPECT_EQ(Phones(contact), (PhoneList{{u"Mobile", u"+49 30 5550100", 0},
                                           {u"Home", u"+49 30 5550101", 1},
                                           {u"Work fax", u"+49 30 5550102", 8},

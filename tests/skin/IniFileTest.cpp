@@ -171,6 +171,50 @@ TEST(IniFileTest, ZeroBytesAreCharactersToo) {
     EXPECT_EQ(ini.GetValue(0, u"A")[0], u'1');
 }
 
+TEST(IniFileTest, AKeyWithAZeroInsideIsNotTheKeyBeforeIt) {
+    const uint8_t bytes[] = {'[', 'S', ']', '\n', 'K', 0, 'x', '=', '1', '\n', 'K', '=', '2'};
+    IniFile ini;
+    ini.Parse(bytes, sizeof bytes);
+    ASSERT_EQ(ini.SectionCount(), 1);
+    // The first pair's key is "K<NUL>x": a look-up of "K" passes over it to the proper "K".
+    EXPECT_EQ(S(ini.GetValue(0, u"K")), u"2");
+}
+
+TEST(IniFileTest, AKeyWithAZeroInsideAloneFindsNothing) {
+    const uint8_t bytes[] = {'[', 'S', ']', '\n', 'K', 0, 'x', '=', '1', '\n'};
+    IniFile ini;
+    ini.Parse(bytes, sizeof bytes);
+    EXPECT_TRUE(ini.GetValue(0, u"K").IsEmpty());
+    Array<Str> list;
+    EXPECT_EQ(ini.GetList(0, u"K", list), 0);
+}
+
+TEST(IniFileTest, AProperKeyIsFoundBesideOneWithAZero) {
+    const uint8_t bytes[] = {'[', 'S', ']', '\n', 'K', '=', '3', '\n', 'K', 0, '=', '4', '\n'};
+    IniFile ini;
+    ini.Parse(bytes, sizeof bytes);
+    EXPECT_EQ(S(ini.GetValue(0, u"K")), u"3");
+}
+
+TEST(IniFileTest, ASectionNameWithAZeroInsideIsNotTheNameBeforeIt) {
+    const uint8_t bytes[] = {'[',  'S', 0,   'x', ']',  '\n', 'A', '=', '1',
+                             '\n', '[', 'S', ']', '\n', 'A',  '=', '2', '\n'};
+    IniFile ini;
+    ini.Parse(bytes, sizeof bytes);
+    ASSERT_EQ(ini.SectionCount(), 2);
+    EXPECT_EQ(ini.SectionName(0).Length(), 3);
+    EXPECT_EQ(ini.FindSection(u"S"), 1);
+    EXPECT_EQ(S(ini.GetValue(ini.FindSection(u"S"), u"A")), u"2");
+}
+
+TEST(IniFileTest, ASectionNameWithAZeroInsideAloneIsNotFound) {
+    const uint8_t bytes[] = {'[', 'S', 0, ']', '\n', 'A', '=', '1', '\n'};
+    IniFile ini;
+    ini.Parse(bytes, sizeof bytes);
+    ASSERT_EQ(ini.SectionCount(), 1);
+    EXPECT_EQ(ini.FindSection(u"S"), -1);
+}
+
 TEST(IniFileTest, BadSectionIndexYieldsNothing) {
     IniFile ini = ParseText("[S]\nA=1\n");
     EXPECT_TRUE(ini.GetValue(1, u"A").IsEmpty());

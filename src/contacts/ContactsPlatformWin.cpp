@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "win/WndBase.h"
 #include "contacts/Photos.h"
 #include "contacts/VCardContactsStore.h"
 #include "win/WideCast.h"
+#include "win/WndBase.h"
 
 namespace {
 

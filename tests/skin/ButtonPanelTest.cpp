@@ -13,59 +13,17 @@
 #include "base/ScreenInfo.h"
 #include "platform/DeviceProfile.h"
 #include "skin/Skin.h"
+#include "testing/WindowTestKit.h"
 
 namespace {
 
-/// A visible top-level window that records the commands its children send.
-class Parent {
-  public:
-    Parent() {
-        WNDCLASSW wc{};
-        wc.lpfnWndProc = &Parent::Proc;
-        wc.hInstance = GetModuleHandleW(nullptr);
-        wc.lpszClassName = L"DdPanelTestParent";
-        RegisterClassW(&wc);
-        hwnd_ = CreateWindowExW(0, wc.lpszClassName, L"", WS_POPUP | WS_VISIBLE, 0, 0, 480, 100,
-                                nullptr, nullptr, wc.hInstance, nullptr);
-        commands().clear();
-    }
-    ~Parent() { DestroyWindow(hwnd_); }
-    HWND Hwnd() const { return hwnd_; }
-    static std::vector<WPARAM>& commands() {
-        static std::vector<WPARAM> list;
-        return list;
-    }
-    /// Whether Menu looked pressed while its command was being handled.
-    static bool& menuPressedDuringCommand() {
-        static bool pressed = false;
-        return pressed;
-    }
-    static ButtonPanel*& watched() {
-        static ButtonPanel* panel = nullptr;
-        return panel;
-    }
+// The panel under test, and whether Menu looked pressed while its command was being handled.
+ButtonPanel* gWatchedPanel = nullptr;
+bool gMenuPressedDuringCommand = false;
 
-  private:
-    static LRESULT CALLBACK Proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-        if (message == WM_COMMAND) {
-            commands().push_back(wParam);
-            if (wParam == 103 && watched() != nullptr) {
-                menuPressedDuringCommand() = watched()->Button(2).pressed;
-            }
-            return 0;
-        }
-        return DefWindowProcW(hwnd, message, wParam, lParam);
-    }
-    HWND hwnd_;
-};
-
-/// What WM_PRINTCLIENT draws of a window's client area.
-shot::Image PrintClient(HWND window) {
-    RECT client{};
-    GetClientRect(window, &client);
-    shot::Canvas canvas(client.right, client.bottom);
-    SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.Dc()), PRF_CLIENT);
-    return canvas.Snapshot();
+void NoteMenuPress(WPARAM command) {
+    if (command == IDM_MAIN_MENU && gWatchedPanel != nullptr)
+        gMenuPressedDuringCommand = gWatchedPanel->Button(kPanelMenuButton).pressed;
 }
 
 int QuietAlert(const char16_t*, const char16_t*, uint32_t) {
@@ -91,7 +49,7 @@ class ButtonPanelTest : public ::testing::Test {
         SetResourceModule(nullptr);
         FreeLibrary(library_);
         SetAlertHandler(previousAlert_);
-        Parent::watched() = nullptr;
+        gWatchedPanel = nullptr;
     }
     void UseScreen(const device::Profile& profile) {
         device::SetCurrentProfile(profile);
@@ -101,7 +59,9 @@ class ButtonPanelTest : public ::testing::Test {
         panel_ = std::make_unique<ButtonPanel>(*skin_);
         EXPECT_TRUE(panel_->Create(parent_.Hwnd()));
         SetWindowPos(panel_->Hwnd(), nullptr, 0, 0, width, height, SWP_NOZORDER);
-        Parent::watched() = panel_.get();
+        gWatchedPanel = panel_.get();
+        gMenuPressedDuringCommand = false;
+        parent_.onCommand = &NoteMenuPress;
         return *panel_;
     }
     static POINT Centre(const RECT& r) {
@@ -112,7 +72,7 @@ class ButtonPanelTest : public ::testing::Test {
                      MAKELPARAM(at.x, at.y));
     }
 
-    Parent parent_;
+    CommandParent parent_{480, 100};
     HMODULE library_ = nullptr;
     std::unique_ptr<Skin> skin_;
     std::unique_ptr<ButtonPanel> panel_;
@@ -178,7 +138,7 @@ TEST_F(ButtonPanelTest, ReleaseOutsideSendsNothingAndSlidingBackSendsNext) {
     Send(WM_MOUSEMOVE, outside);
     EXPECT_FALSE(panel.Button(1).pressed);
     Send(WM_LBUTTONUP, outside);
-    EXPECT_TRUE(Parent::commands().empty());
+    EXPECT_TRUE(parent_.Commands().empty());
     EXPECT_NE(GetCapture(), panel.Hwnd());
 
     Send(WM_LBUTTONDOWN, inside);
@@ -186,8 +146,8 @@ TEST_F(ButtonPanelTest, ReleaseOutsideSendsNothingAndSlidingBackSendsNext) {
     Send(WM_MOUSEMOVE, inside);
     EXPECT_TRUE(panel.Button(1).pressed);
     Send(WM_LBUTTONUP, inside);
-    ASSERT_EQ(Parent::commands().size(), 1u);
-    EXPECT_EQ(Parent::commands()[0], 102u);
+    ASSERT_EQ(parent_.Commands().size(), 1u);
+    EXPECT_EQ(parent_.Commands()[0], 102u);
     EXPECT_FALSE(panel.Button(1).pressed);
     EXPECT_EQ(panel.PressedButton(), -1);
 }
@@ -197,13 +157,13 @@ TEST_F(ButtonPanelTest, MenuActsOnPress) {
     RECT menu{};
     panel.GetButtonRect(2, menu);
     Send(WM_LBUTTONDOWN, Centre(menu));
-    ASSERT_EQ(Parent::commands().size(), 1u);
-    EXPECT_EQ(Parent::commands()[0], 103u);
-    EXPECT_TRUE(Parent::menuPressedDuringCommand());
+    ASSERT_EQ(parent_.Commands().size(), 1u);
+    EXPECT_EQ(parent_.Commands()[0], 103u);
+    EXPECT_TRUE(gMenuPressedDuringCommand);
     EXPECT_FALSE(panel.Button(2).pressed);
     EXPECT_NE(GetCapture(), panel.Hwnd());
     Send(WM_LBUTTONUP, Centre(menu));
-    EXPECT_EQ(Parent::commands().size(), 1u);
+    EXPECT_EQ(parent_.Commands().size(), 1u);
 }
 
 TEST_F(ButtonPanelTest, PressBetweenButtonsDoesNothing) {
@@ -221,7 +181,7 @@ TEST_F(ButtonPanelTest, DisabledButtonIgnoresPressesAndShowsItsDisabledCell) {
     panel.GetButtonRect(0, prev);
     Send(WM_LBUTTONDOWN, Centre(prev));
     Send(WM_LBUTTONUP, Centre(prev));
-    EXPECT_TRUE(Parent::commands().empty());
+    EXPECT_TRUE(parent_.Commands().empty());
     EXPECT_FALSE(panel.Button(0).pressed);
 
     // Drawn from the disabled column: compare with the image's own pixel there.
@@ -264,7 +224,7 @@ TEST_F(ButtonPanelTest, CaptureTakenElsewhereDropsThePress) {
     EXPECT_EQ(PrintClient(panel.Hwnd()).pixels, normal.pixels);
     ReleaseCapture();
     Send(WM_LBUTTONUP, Centre(next));
-    EXPECT_TRUE(Parent::commands().empty());
+    EXPECT_TRUE(parent_.Commands().empty());
 }
 
 TEST_F(ButtonPanelTest, CancelModeDropsThePressAndTheCapture) {
@@ -281,7 +241,7 @@ TEST_F(ButtonPanelTest, CancelModeDropsThePressAndTheCapture) {
     EXPECT_NE(GetCapture(), panel.Hwnd());
     EXPECT_EQ(PrintClient(panel.Hwnd()).pixels, normal.pixels);
     Send(WM_LBUTTONUP, Centre(close));
-    EXPECT_TRUE(Parent::commands().empty());
+    EXPECT_TRUE(parent_.Commands().empty());
 }
 
 TEST_F(ButtonPanelTest, PrintClientDrawsWhatPaintShows) {

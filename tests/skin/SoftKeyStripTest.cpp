@@ -16,60 +16,12 @@
 #include "platform/DeviceProfile.h"
 #include "skin/Skin.h"
 #include "skin/SoftKeyFaces.h"
+#include "testing/WindowTestKit.h"
 
 namespace {
 
-/// A visible top-level window, the size of the screen, that records the commands it is sent.
-class Parent {
-  public:
-    Parent(int width, int height) {
-        WNDCLASSW wc{};
-        wc.lpfnWndProc = &Parent::Proc;
-        wc.hInstance = GetModuleHandleW(nullptr);
-        wc.lpszClassName = L"DdStripTestParent";
-        RegisterClassW(&wc);
-        hwnd_ = CreateWindowExW(0, wc.lpszClassName, L"", WS_POPUP | WS_VISIBLE, 0, 0, width,
-                                height, nullptr, nullptr, wc.hInstance, nullptr);
-        commands().clear();
-    }
-    ~Parent() { DestroyWindow(hwnd_); }
-    HWND Hwnd() const { return hwnd_; }
-    static std::vector<WPARAM>& commands() {
-        static std::vector<WPARAM> list;
-        return list;
-    }
-
-  private:
-    static LRESULT CALLBACK Proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-        if (message == WM_COMMAND) {
-            commands().push_back(wParam);
-            return 0;
-        }
-        return DefWindowProcW(hwnd, message, wParam, lParam);
-    }
-    HWND hwnd_;
-};
-
 int QuietAlert(const char16_t*, const char16_t*, uint32_t) {
     return kAlertAnswerOk;
-}
-
-/// What WM_PRINTCLIENT draws of a window's client area.
-shot::Image PrintClient(HWND window) {
-    RECT client{};
-    GetClientRect(window, &client);
-    shot::Canvas canvas(client.right, client.bottom);
-    SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.Dc()), PRF_CLIENT);
-    return canvas.Snapshot();
-}
-
-std::wstring SaveShot(const shot::Image& image, const std::wstring& name) {
-    const std::string built = DD_SCREENSHOT_DIR;
-    const std::wstring folder(built.begin(), built.end());
-    std::error_code ignored;
-    std::filesystem::create_directories(folder, ignored);
-    const std::wstring path = folder + L"/" + name + L".png";
-    return shot::SavePng(image, path.c_str()) ? path : std::wstring();
 }
 
 class SoftKeyStripTest : public ::testing::Test {
@@ -97,7 +49,7 @@ class SoftKeyStripTest : public ::testing::Test {
         SetResourceModule(library_);
         skin_ = std::make_unique<Skin>(Str(u"C:\\no-such-folder\\DialdeckSkin"), library_);
         skin_->LoadSkinFile();
-        parent_ = std::make_unique<Parent>(profile.width, profile.height);
+        parent_ = std::make_unique<CommandParent>(profile.width, profile.height);
         strip_ = std::make_unique<SoftKeyStrip>();
         DressSoftKeys(*strip_, *skin_);
         EXPECT_TRUE(strip_->Create(parent_->Hwnd(), menu));
@@ -113,7 +65,7 @@ class SoftKeyStripTest : public ::testing::Test {
 
     HMODULE library_ = nullptr;
     std::unique_ptr<Skin> skin_;
-    std::unique_ptr<Parent> parent_;
+    std::unique_ptr<CommandParent> parent_;
     std::unique_ptr<SoftKeyStrip> strip_;
     AlertHandler previousAlert_ = nullptr;
 };
@@ -143,7 +95,7 @@ TEST_F(SoftKeyStripTest, CloseAndMenuFromTheBoardsMenu) {
 
 TEST_F(SoftKeyStripTest, MissingMenuMakesNoStrip) {
     device::SetCurrentProfile(kQvga);
-    Parent parent(240, 320);
+    CommandParent parent(240, 320);
     SoftKeyStrip strip;
     EXPECT_FALSE(strip.Create(parent.Hwnd(), 9999));
     EXPECT_EQ(strip.Hwnd(), nullptr);
@@ -172,14 +124,14 @@ TEST_F(SoftKeyStripTest, DockedAtTheFootOneBarHigh) {
 TEST_F(SoftKeyStripTest, KeysSendTheirCommandsOnRelease) {
     SoftKeyStrip& strip = MakeStrip(kQvga, IDR_OK_CANCEL);
     Send(WM_LBUTTONDOWN, Centre(strip.ButtonRect(0)));
-    EXPECT_TRUE(Parent::commands().empty());  // nothing before the stylus is lifted
+    EXPECT_TRUE(parent_->Commands().empty());  // nothing before the stylus is lifted
     EXPECT_EQ(GetCapture(), strip.Hwnd());
     Send(WM_LBUTTONUP, Centre(strip.ButtonRect(0)));
     Send(WM_LBUTTONDOWN, Centre(strip.ButtonRect(1)));
     Send(WM_LBUTTONUP, Centre(strip.ButtonRect(1)));
-    ASSERT_EQ(Parent::commands().size(), 2u);
-    EXPECT_EQ(Parent::commands()[0], static_cast<WPARAM>(IDOK));
-    EXPECT_EQ(Parent::commands()[1], static_cast<WPARAM>(IDCANCEL));
+    ASSERT_EQ(parent_->Commands().size(), 2u);
+    EXPECT_EQ(parent_->Commands()[0], static_cast<WPARAM>(IDOK));
+    EXPECT_EQ(parent_->Commands()[1], static_cast<WPARAM>(IDCANCEL));
     EXPECT_NE(GetCapture(), strip.Hwnd());
     EXPECT_FALSE(strip.Button(1).pressed);
 }
@@ -194,7 +146,7 @@ TEST_F(SoftKeyStripTest, SlidingOffSendsNothing) {
     EXPECT_FALSE(strip.Button(0).pressed);
     EXPECT_FALSE(strip.Button(1).pressed);  // the press stays with the key it began on
     Send(WM_LBUTTONUP, onCancel);
-    EXPECT_TRUE(Parent::commands().empty());
+    EXPECT_TRUE(parent_->Commands().empty());
 }
 
 TEST_F(SoftKeyStripTest, PressedKeyIsDrawnFromThePressedPicture) {
@@ -221,7 +173,7 @@ TEST_F(SoftKeyStripTest, CaptureTakenElsewhereDropsThePress) {
     EXPECT_EQ(PrintClient(strip.Hwnd()).pixels, normal.pixels);
     ReleaseCapture();
     Send(WM_LBUTTONUP, Centre(strip.ButtonRect(0)));
-    EXPECT_TRUE(Parent::commands().empty());
+    EXPECT_TRUE(parent_->Commands().empty());
 }
 
 TEST_F(SoftKeyStripTest, CancelModeDropsThePressAndTheCapture) {
@@ -235,7 +187,7 @@ TEST_F(SoftKeyStripTest, CancelModeDropsThePressAndTheCapture) {
     EXPECT_NE(GetCapture(), strip.Hwnd());
     EXPECT_EQ(PrintClient(strip.Hwnd()).pixels, normal.pixels);
     Send(WM_LBUTTONUP, Centre(strip.ButtonRect(1)));
-    EXPECT_TRUE(Parent::commands().empty());
+    EXPECT_TRUE(parent_->Commands().empty());
 }
 
 TEST_F(SoftKeyStripTest, PrintClientDrawsWhatPaintShows) {

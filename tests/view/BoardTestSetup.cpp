@@ -169,20 +169,6 @@ shot::Image RenderBoard(BoardWindow& board) {
     return canvas.Snapshot();
 }
 
-std::wstring SaveShot(const shot::Image& image, const std::wstring& name) {
-    std::wstring folder;
-    if (const wchar_t* dir = _wgetenv(L"DD_SCREENSHOT_DIR")) {
-        folder = dir;
-    } else {
-        const std::string built = DD_SCREENSHOT_DIR;
-        folder.assign(built.begin(), built.end());
-    }
-    std::error_code ignored;
-    std::filesystem::create_directories(folder, ignored);
-    const std::wstring path = folder + L"/" + name + L".png";
-    return shot::SavePng(image, path.c_str()) ? path : std::wstring();
-}
-
 HBITMAP MakeTestPhoto(int width, int height) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);

@@ -14,6 +14,7 @@
 #include "base/Str.h"
 #include "board/ContactSource.h"
 #include "platform/DeviceProfile.h"
+#include "testing/WindowTestKit.h"
 
 class BoardWindow;
 
@@ -62,8 +63,5 @@ void UseSkinFolder(const std::wstring& folder);
 
 /// Renders the board window and its panel into an image of the board's client area.
 shot::Image RenderBoard(BoardWindow& board);
-/// Saves an image under the screenshot folder (DD_SCREENSHOT_DIR or build/screenshots);
-/// returns the path written, empty on failure.
-std::wstring SaveShot(const shot::Image& image, const std::wstring& name);
 /// A test "photo": a diagonal gradient bitmap of the given size.
 HBITMAP MakeTestPhoto(int width, int height);

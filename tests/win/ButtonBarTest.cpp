@@ -8,6 +8,7 @@
 
 #include "ScreenShot.h"
 #include "base/ScreenInfo.h"
+#include "testing/WindowTestKit.h"
 #include "win/Gdi.h"
 
 namespace {
@@ -16,37 +17,6 @@ constexpr COLORREF kNormal = RGB(200, 0, 0);
 constexpr COLORREF kPressed = RGB(0, 0, 200);
 constexpr COLORREF kDisabled = RGB(90, 90, 90);
 constexpr COLORREF kBackground = RGB(0, 120, 0);
-
-/// A visible top-level window that records the commands it is sent.
-class Parent {
-  public:
-    Parent() {
-        WNDCLASSW wc{};
-        wc.lpfnWndProc = &Parent::Proc;
-        wc.hInstance = GetModuleHandleW(nullptr);
-        wc.lpszClassName = L"DdBarTestParent";
-        RegisterClassW(&wc);
-        hwnd_ = CreateWindowExW(0, wc.lpszClassName, L"", WS_POPUP | WS_VISIBLE, 0, 0, 300, 100,
-                                nullptr, nullptr, wc.hInstance, nullptr);
-        commands().clear();
-    }
-    ~Parent() { DestroyWindow(hwnd_); }
-    HWND Hwnd() const { return hwnd_; }
-    static std::vector<WPARAM>& commands() {
-        static std::vector<WPARAM> list;
-        return list;
-    }
-
-  private:
-    static LRESULT CALLBACK Proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-        if (message == WM_COMMAND) {
-            commands().push_back(wParam);
-            return 0;
-        }
-        return DefWindowProcW(hwnd, message, wParam, lParam);
-    }
-    HWND hwnd_;
-};
 
 /// Three 20 x 10 pictures side by side: normal, pressed, disabled.
 HBITMAP MakeCells() {
@@ -96,18 +66,13 @@ class ButtonBarTest : public ::testing::Test {
         SetScreen(ComputeScreenInfo(96, 96, 240, 320));
         ASSERT_TRUE(bar_.Create(parent_.Hwnd()));
     }
-    shot::Image Print() {
-        shot::Canvas canvas(90, 10);
-        SendMessageW(bar_.Hwnd(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.Dc()),
-                     PRF_CLIENT);
-        return canvas.Snapshot();
-    }
+    shot::Image Print() { return PrintClient(bar_.Hwnd()); }
     void Send(UINT message, int x, int y) {
         SendMessageW(bar_.Hwnd(), message, message == WM_LBUTTONDOWN ? MK_LBUTTON : 0,
                      MAKELPARAM(x, y));
     }
 
-    Parent parent_;
+    CommandParent parent_{300, 100};
     ThreeButtons bar_;
 };
 
@@ -130,8 +95,8 @@ TEST_F(ButtonBarTest, PressFollowsTheStylusAndReleaseSends) {
     Send(WM_MOUSEMOVE, 36, 6);
     EXPECT_EQ(Print().At(35, 5), kPressed);
     Send(WM_LBUTTONUP, 36, 6);
-    ASSERT_EQ(Parent::commands().size(), 1u);
-    EXPECT_EQ(Parent::commands()[0], 12u);
+    ASSERT_EQ(parent_.Commands().size(), 1u);
+    EXPECT_EQ(parent_.Commands()[0], 12u);
     EXPECT_EQ(bar_.PressedButton(), -1);
     EXPECT_EQ(Print().At(35, 5), kNormal);
 }
@@ -140,14 +105,14 @@ TEST_F(ButtonBarTest, DisabledButtonIgnoresPresses) {
     bar_.SetButtonEnabled(0, false);
     Send(WM_LBUTTONDOWN, 5, 5);
     Send(WM_LBUTTONUP, 5, 5);
-    EXPECT_TRUE(Parent::commands().empty());
+    EXPECT_TRUE(parent_.Commands().empty());
     EXPECT_EQ(Print().At(5, 5), kDisabled);
 }
 
 TEST_F(ButtonBarTest, ActOnPressSendsAtOnceAndEndsPressed) {
     Send(WM_LBUTTONDOWN, 65, 5);
-    ASSERT_EQ(Parent::commands().size(), 1u);
-    EXPECT_EQ(Parent::commands()[0], 13u);
+    ASSERT_EQ(parent_.Commands().size(), 1u);
+    EXPECT_EQ(parent_.Commands()[0], 13u);
     EXPECT_NE(GetCapture(), bar_.Hwnd());
     EXPECT_FALSE(bar_.Button(2).pressed);
     EXPECT_EQ(Print().At(65, 5), kNormal);
@@ -168,7 +133,7 @@ TEST_F(ButtonBarTest, CaptureLossAndCancelModeDropThePress) {
     EXPECT_NE(GetCapture(), bar_.Hwnd());
     EXPECT_EQ(Print().At(35, 5), kNormal);
     Send(WM_LBUTTONUP, 35, 5);
-    EXPECT_TRUE(Parent::commands().empty());
+    EXPECT_TRUE(parent_.Commands().empty());
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "TestDialogs.h"
 #include "base/ScreenInfo.h"
 #include "platform/DeviceProfile.h"
+#include "testing/WindowTestKit.h"
 #include "win/WindowTimers.h"
 #include "win/WndBase.h"
 
@@ -239,30 +240,17 @@ TEST(DialogBaseTest, ModelessEndDestroysItAndKeepsTheCode) {
     EXPECT_EQ(dialog.EndCode(), 0);
 }
 
-// Sees every message sent to one window before its procedure does.
-HWND gWatched = nullptr;
-LONG_PTR gSlotAtNcDestroy = -1;
-LRESULT CALLBACK WatchSentMessages(int code, WPARAM wParam, LPARAM lParam) {
-    const auto* sent = reinterpret_cast<const CWPSTRUCT*>(lParam);
-    if (code == HC_ACTION && sent->hwnd == gWatched && sent->message == WM_NCDESTROY)
-        gSlotAtNcDestroy = GetWindowLongPtrW(sent->hwnd, DWLP_USER);
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-}
-
 TEST(DialogBaseTest, ObjectDestroyedFirstIsDetachedBeforeTheWindowGoes) {
     HWND hwnd = nullptr;
-    gSlotAtNcDestroy = -1;
-    HHOOK hook =
-        SetWindowsHookExW(WH_CALLWNDPROC, WatchSentMessages, nullptr, GetCurrentThreadId());
-    ASSERT_NE(hook, nullptr);
+    LastMessageWatch watch(nullptr, DWLP_USER);
+    ASSERT_TRUE(watch.Hooked());
     {
         Probe dialog;
         hwnd = dialog.CreateModeless(nullptr, false);
         ASSERT_NE(hwnd, nullptr);
-        gWatched = hwnd;
+        watch.Watch(hwnd);
     }
-    UnhookWindowsHookEx(hook);
-    EXPECT_EQ(gSlotAtNcDestroy, 0);  // no message after the object died could reach it
+    EXPECT_EQ(watch.SlotAtLastMessage(), 0);  // no message after the object died could reach it
     EXPECT_FALSE(IsWindow(hwnd));
 }
 
@@ -276,14 +264,10 @@ TEST(DialogBaseTest, ObjectDeletedInItsDestroyHandlerSeesNoLaterMessage) {
     auto* dialog = new SelfDeleting();
     HWND hwnd = dialog->CreateModeless(nullptr, false);
     ASSERT_NE(hwnd, nullptr);
-    gWatched = hwnd;
-    gSlotAtNcDestroy = -1;
-    HHOOK hook =
-        SetWindowsHookExW(WH_CALLWNDPROC, WatchSentMessages, nullptr, GetCurrentThreadId());
-    ASSERT_NE(hook, nullptr);
+    LastMessageWatch watch(hwnd, DWLP_USER);
+    ASSERT_TRUE(watch.Hooked());
     DestroyWindow(hwnd);
-    UnhookWindowsHookEx(hook);
-    EXPECT_EQ(gSlotAtNcDestroy, 0);
+    EXPECT_EQ(watch.SlotAtLastMessage(), 0);
     EXPECT_FALSE(IsWindow(hwnd));
 }
 

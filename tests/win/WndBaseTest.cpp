@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/ScreenInfo.h"
+#include "testing/WindowTestKit.h"
 
 namespace {
 
@@ -243,45 +244,28 @@ class SelfDeleting : public WndBase {
     }
 };
 
-// Sees every message sent to one window before its procedure does.
-HWND gWatched = nullptr;
-LONG_PTR gSlotAtNcDestroy = -1;
-LRESULT CALLBACK WatchSentMessages(int code, WPARAM wParam, LPARAM lParam) {
-    const auto* sent = reinterpret_cast<const CWPSTRUCT*>(lParam);
-    if (code == HC_ACTION && sent->hwnd == gWatched && sent->message == WM_NCDESTROY)
-        gSlotAtNcDestroy = GetWindowLongPtrW(sent->hwnd, GWLP_USERDATA);
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-}
-
 TEST(WndBaseTest, ObjectDeletedBeforeItsWindowNeverSeesAnotherMessage) {
     auto* window = new SelfDeleting();
     HWND hwnd = MakeWindow(*window);
     ASSERT_NE(hwnd, nullptr);
-    gWatched = hwnd;
-    gSlotAtNcDestroy = -1;
-    HHOOK hook =
-        SetWindowsHookExW(WH_CALLWNDPROC, WatchSentMessages, nullptr, GetCurrentThreadId());
-    ASSERT_NE(hook, nullptr);
+    LastMessageWatch watch(hwnd, GWLP_USERDATA);
+    ASSERT_TRUE(watch.Hooked());
     DestroyWindow(hwnd);  // WM_DESTROY deletes the object; WM_NCDESTROY still follows
-    UnhookWindowsHookEx(hook);
-    EXPECT_EQ(gSlotAtNcDestroy, 0);  // the dead object is no longer named by its window
+    EXPECT_EQ(watch.SlotAtLastMessage(), 0);  // the dead object is no longer named by its window
     EXPECT_FALSE(IsWindow(hwnd));
 }
 
 TEST(WndBaseTest, DestructorDetachesBeforeDestroying) {
     HWND hwnd = nullptr;
-    gSlotAtNcDestroy = -1;
-    HHOOK hook =
-        SetWindowsHookExW(WH_CALLWNDPROC, WatchSentMessages, nullptr, GetCurrentThreadId());
-    ASSERT_NE(hook, nullptr);
+    LastMessageWatch watch(nullptr, GWLP_USERDATA);
+    ASSERT_TRUE(watch.Hooked());
     {
         Recorder window;
         hwnd = MakeWindow(window);
         ASSERT_NE(hwnd, nullptr);
-        gWatched = hwnd;
+        watch.Watch(hwnd);
     }
-    UnhookWindowsHookEx(hook);
-    EXPECT_EQ(gSlotAtNcDestroy, 0);
+    EXPECT_EQ(watch.SlotAtLastMessage(), 0);
     EXPECT_FALSE(IsWindow(hwnd));
 }
 

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
@@ -16,7 +17,6 @@
 #include "base/ResourceIds.h"
 #include "base/ScreenInfo.h"
 #include "skin/Skin.h"
-#include "view/RenameSuggestions.h"
 #include "win/WideCast.h"
 #include "win/WndBase.h"
 

@@ -243,6 +243,17 @@ TEST_F(BoardRenameTest, CancelledLeavesTheEntryAndTheStoreAlone) {
     EXPECT_EQ(StoredText(u"Display2"), u"stored before");
 }
 
+TEST_F(BoardRenameTest, AnEmptiedNameGivesTheButtonItsComposedNameBack) {
+    script_.typed = u"\b";  // the whole name starts selected: one backspace empties it
+    script_.softKey = 0;
+    Rename(2);  // Mum, Margaret Hale's button
+    EXPECT_EQ(script_.name, u"Mum");
+    EXPECT_EQ(EntryOfSlot(2).display, Str(u""));
+    EXPECT_EQ(DisplayName(EntryOfSlot(2)), Str(u"Hale, Margaret"));
+    EXPECT_EQ(StoredText(u"Display2"), u"");
+    ExpectScreenShowsTheBoard(2);
+}
+
 TEST_F(BoardRenameTest, AFreeButtonOffersNoDialog) {
     // Slot 8 of the demo is free: nothing opens, nothing changes.
     ASSERT_EQ(board_->Board().FindBySlot(8), -1);

@@ -65,6 +65,9 @@ class BoardWindow : public WndBase {
     void MoveButton(int position, MoveDirection direction);
     /// Deletes the entry at `position` and repaints that cell.
     void ClearButton(int position);
+    /// Offers the rename dialog for the entry at `position` (none: nothing happens); on OK stores
+    /// the edited text as the entry's display text, saves that entry and repaints its cell.
+    void RenameButton(int position);
     /// Draws `position` pressed or released at once.
     void SetCellPressed(int position, bool pressed);
 

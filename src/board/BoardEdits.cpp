@@ -4,14 +4,9 @@
 #include <vector>
 
 #include "base/Locale.h"
+#include "base/ResourceIds.h"
 #include "base/SettingsStore.h"
 #include "board/DialBoard.h"
-
-namespace {
-
-constexpr uint32_t kUnnamedText = 107;
-
-}  // namespace
 
 Str DisplayName(const DialEntry& entry) {
     if (!entry.display.IsEmpty())
@@ -24,7 +19,7 @@ Str DisplayName(const DialEntry& entry) {
     if (name.IsEmpty())
         name = ContactSortName(entry.first, entry.last, entry.company, entry.middle);
     if (name.IsEmpty())
-        name.LoadString(kUnnamedText);
+        name.LoadString(IDS_UNNAMED);
     return name;
 }
 

@@ -86,6 +86,13 @@ void ClosePhoneApps() {
         0);
 }
 
+void EnsureDesktopProcess() {
+    HWND window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
+                                  GetModuleHandleW(nullptr), nullptr);
+    if (window != nullptr)
+        DestroyWindow(window);
+}
+
 struct Job {
     HANDLE job = CreateJobObjectW(nullptr, nullptr);
     HANDLE port = CreateIoCompletionPort(INVALID_HANDLE_VALUE, nullptr, 0, 1);
@@ -108,6 +115,7 @@ struct Job {
     }
 
     // Waits until no process of the job is left, closing the phone application as it shows.
+    // The count is read as well as the port: the port's notice is sent once and can be missed.
     bool AwaitEmpty() {
         const ULONGLONG deadline = GetTickCount64() + kJobLimitMs;
         while (GetTickCount64() < deadline) {
@@ -119,8 +127,49 @@ struct Job {
                 key == reinterpret_cast<ULONG_PTR>(job) &&
                 code == JOB_OBJECT_MSG_ACTIVE_PROCESS_ZERO)
                 return true;
+            if (ActiveProcesses() == 0)
+                return true;
         }
         return false;
+    }
+
+    DWORD ActiveProcesses() const {
+        JOBOBJECT_BASIC_ACCOUNTING_INFORMATION info{};
+        if (!QueryInformationJobObject(job, JobObjectBasicAccountingInformation, &info,
+                                       sizeof(info), nullptr))
+            return ~0u;
+        return info.ActiveProcesses;
+    }
+
+    // The ids of the processes still in the job, for a failure's message.
+    std::string Remaining() const {
+        struct {
+            JOBOBJECT_BASIC_PROCESS_ID_LIST list;
+            ULONG_PTR more[31];
+        } ids{};
+        ids.list.NumberOfAssignedProcesses = 32;
+        if (!QueryInformationJobObject(job, JobObjectBasicProcessIdList, &ids, sizeof(ids),
+                                       nullptr))
+            return "unknown";
+        std::string text;
+        for (DWORD i = 0; i < ids.list.NumberOfProcessIdsInList && i < 32; ++i) {
+            const ULONG_PTR id = i == 0 ? ids.list.ProcessIdList[0] : ids.more[i - 1];
+            text += (text.empty() ? "" : ", ") + ProcessName(static_cast<DWORD>(id));
+        }
+        return text;
+    }
+
+    static std::string ProcessName(DWORD id) {
+        std::string name = std::to_string(id);
+        HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, id);
+        if (process == nullptr)
+            return name;
+        wchar_t path[MAX_PATH];
+        DWORD size = MAX_PATH;
+        if (QueryFullProcessImageNameW(process, 0, path, &size))
+            name += " " + std::filesystem::path(path).filename().string();
+        CloseHandle(process);
+        return name;
     }
 };
 
@@ -175,6 +224,9 @@ CallRun RunCalls(const CallSetup& setup, int times, const std::wstring& number,
     if (calledParty != nullptr)
         commandLine += L" " + Quoted(calledParty);
 
+    // Wine starts its desktop process (explorer.exe) for the first window of a session; started by
+    // a process of the job, it would join the job and never end. Have it started from here.
+    EnsureDesktopProcess();
     Job job;
     if (!job.Prepare()) {
         run.error = "no job for the probe: error " + std::to_string(GetLastError());
@@ -208,7 +260,7 @@ CallRun RunCalls(const CallSetup& setup, int times, const std::wstring& number,
     GetExitCodeProcess(process.hProcess, &run.exitCode);
     CloseHandle(process.hProcess);
     if (run.error.empty() && !job.AwaitEmpty())
-        run.error = "processes the probe started did not end";
+        run.error = "processes the probe started did not end: " + job.Remaining();
     PumpMessages();
 
     run.report = RecordLines(records / L"report.txt");

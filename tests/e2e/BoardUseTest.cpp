@@ -97,10 +97,10 @@ struct BoardPlan {
     Rect menuKey;  ///< in the panel's client area
 };
 
-BoardPlan PlanFor(const std::filesystem::path& folder, RECT client) {
+BoardPlan PlanFor(const std::filesystem::path& folder, const wchar_t* libraryName, RECT client) {
     BoardPlan plan;
-    HMODULE library = LoadLibraryExW((folder / L"DialdeckResVga.dll").wstring().c_str(), nullptr,
-                                     LOAD_LIBRARY_AS_DATAFILE);
+    HMODULE library =
+        LoadLibraryExW((folder / libraryName).wstring().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
     EXPECT_NE(library, nullptr);
     const SIZE first = BitmapSize(library, IDB_PORTRAIT_PANEL_1);
     const SIZE second = BitmapSize(library, IDB_PORTRAIT_PANEL_2);
@@ -195,15 +195,16 @@ class E2eBoardUse : public ::testing::Test {
         e2e::CleanRegistry();
     }
 
-    void Start(const std::vector<Button>& buttons) {
+    void Start(const std::vector<Button>& buttons, bool smallScreen = false) {
         StoreButtons(buttons);
-        process_ = sandbox_.Start(L"");
+        process_ = sandbox_.Start(L"", smallScreen ? L"240x320@96" : L"480x640@192");
         board_ = e2e::WaitForWindowOf(process_, e2e::kBoardClass, nullptr, true);
         ASSERT_NE(board_, nullptr);
         ASSERT_TRUE(process_.WaitIdle());
         RECT client{};
         GetClientRect(board_, &client);
-        plan_ = PlanFor(sandbox_.Folder(), client);
+        plan_ = PlanFor(sandbox_.Folder(), smallScreen ? L"DialdeckRes.dll" : L"DialdeckResVga.dll",
+                        client);
         ASSERT_EQ(plan_.grid.PerPage(), 9);
         panel_ = FindWindowExW(board_, nullptr, nullptr, nullptr);
         ASSERT_NE(panel_, nullptr);
@@ -227,7 +228,7 @@ class E2eBoardUse : public ::testing::Test {
 
     void ReleaseMenuKey() { PostMessageW(panel_, WM_LBUTTONUP, 0, At(Middle(plan_.menuKey))); }
 
-    Sandbox sandbox_{Contents{.vgaLibrary = true}};
+    Sandbox sandbox_{Contents{.normalLibrary = true, .vgaLibrary = true}};
     Process process_;
     HWND board_ = nullptr;
     HWND panel_ = nullptr;
@@ -343,6 +344,44 @@ TEST_F(E2eBoardUse, EndCallKeyHidesTheResidentBoardAndAnotherStartShowsIt) {
     Process second = sandbox_.Start(L"");
     EXPECT_EQ(second.WaitExit(e2e::kStepTimeoutMs), 1u);
     EXPECT_TRUE(e2e::WaitUntil([&] { return IsWindowVisible(board_) != FALSE; }));
+}
+
+TEST_F(E2eBoardUse, EndCallKeyEndsTheProgramWhenNotResident) {
+    Start({{1, L"Anna", 0, L"+46701234567"}});
+    e2e::WriteSetting(L"ModPreload", 0);
+    Key(VK_F4);
+    EXPECT_EQ(process_.WaitExit(e2e::kStepTimeoutMs), 0u);
+}
+
+TEST_F(E2eBoardUse, TalkKeyCallsTheSelectedButtonAndTheBoardHides) {
+    Start({{1, L"Anna", 0, L"+46701234567"}});
+    Key(VK_END);  // a free button: the Talk key does nothing
+    Key(VK_F3);
+    Key(VK_HOME);
+    // Once the keys before it were handled, the board still shows.
+    ASSERT_TRUE(process_.WaitIdle());
+    EXPECT_TRUE(IsWindowVisible(board_));
+    // Anna: the call goes out (no phone library on desktop), the board waits for the call
+    // screen while it stays in front, then hides.
+    Key(VK_F3);
+    EXPECT_TRUE(e2e::WaitUntil([&] { return !IsWindowVisible(board_); }));
+    EXPECT_TRUE(process_.IsRunning());
+    EXPECT_EQ(StoredSlots(), (std::set<int>{0}));
+}
+
+TEST_F(E2eBoardUse, ContextMenuOnTheSmallScreen) {
+    Start({{1, L"Anna", 0, L"+46701234567"}, {2, L"Bob", 1, L"+2348031234567"}}, true);
+    const Point p = CellMiddle(0);
+    PostMessageW(board_, WM_LBUTTONDOWN, MK_LBUTTON, At(p));
+    ASSERT_TRUE(WaitForMenus(process_, 1));
+    ShootBoard(board_, MenusOf(process_), L"e2e-context-menu-240x320.png");
+    MenuKey(MenusOf(process_).front(), VK_ESCAPE);
+    EXPECT_TRUE(e2e::WaitUntil([&] { return MenusOf(process_).empty(); }));
+    PostMessageW(board_, WM_LBUTTONUP, 0, At(p));
+    // Dismissed: nothing changed, and the board is still there.
+    EXPECT_EQ(StoredSlots(), (std::set<int>{0, 1}));
+    EXPECT_TRUE(process_.IsRunning());
+    EXPECT_TRUE(IsWindowVisible(board_));
 }
 
 }  // namespace

@@ -26,8 +26,29 @@
 #define IDM_MOVE_RIGHT 113    // ... right
 #define IDM_PANEL_PREV 40025  // previous page from the panel arrow, without vibration
 #define IDM_PANEL_NEXT 40027  // next page from the panel arrow, without vibration
-#define IDM_PHONE_FIRST 201   // context menu: the contact's numbers, from here upwards
+
+// Items of the board's pop-up menus. The chosen id comes back from the menu; an id of the
+// window-command table above is carried out as that command. Each range below is its own, so no
+// two items of one menu share an id.
+#define IDM_PHONE_FIRST 201   // context menu "Phone:": the contact's numbers, 201 + list index
+#define IDM_PHONE_LAST 299    //   (at most 99 numbers listed)
 #define IDM_CALL_FIRST 300    // context menu: the call item
+#define IDM_DIALER_CLEAR 400  // "Dialer Button" sub-menu: no number
+#define IDM_DIALER_FIRST 401  // "Dialer Button" sub-menu: number n is 400 + n (401 .. 499)
+#define IDM_DIALER_LAST 499
+#define IDM_BUTTON_NAME 500      // context menu: the button's name, shown and never chosen
+#define IDM_SEND_SMS 501         // write a text message to the button's number
+#define IDM_ADD_PAGE 502         // main menu: a page more at the end
+#define IDM_DELETE_PAGE 503      // main menu: delete the current page
+#define IDM_BIG_BUTTONS 504      // main menu, View: big or small buttons
+#define IDM_SHOW_DIALER 505      // main menu, View: show the dialer numbers
+#define IDM_SHOW_PHONE_TYPE 506  // main menu, View: show the phone types
+#define IDM_EXIT 507             // main menu: end the program, even when resident
+
+// The board's private messages from other processes.
+#define WM_DD_RELOAD_TEMPLATES 0x591  // the number templates changed
+#define WM_DD_RELOAD 0x7E8            // lParam 2: the stored entries changed
+#define DD_RELOAD_ENTRIES 2
 
 // Texts of the resource libraries.
 #define IDS_UNNAMED 107

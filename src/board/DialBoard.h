@@ -21,6 +21,8 @@ class DialBoard {
     DialBoard& operator=(const DialBoard&) = delete;
 
     void SetContacts(ContactSource* contacts) { contacts_ = contacts; }
+    /// The contacts the board binds from (not owned); null when it has none.
+    ContactSource* Contacts() const { return contacts_; }
 
     int Count() const { return entries_.Size(); }
     /// The entry at list position i (0 <= i < Count()).

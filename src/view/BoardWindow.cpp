@@ -176,6 +176,40 @@ LRESULT BoardWindow::WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPar
             return 1;
         case WM_SETTINGCHANGE:
             return OnScreenChange(wParam);
+        case WM_ACTIVATE:
+            return OnActivateMessage(hwnd, wParam, lParam);
+        case WM_CANCELMODE:
+            return OnCancelMode();
+        case WM_WINDOWPOSCHANGED:
+            return OnWindowPosChanged(hwnd, wParam, lParam);
+        case WM_NCACTIVATE:
+            return OnNcActivate(hwnd, wParam, lParam);
+        case WM_KEYDOWN:
+            return OnKeyDown(wParam);
+        case WM_KEYUP:
+            return OnKeyUp(wParam);
+        case WM_COMMAND:
+            RunCommand(LOWORD(wParam));
+            return 0;
+        case WM_TIMER:
+            return OnTimer(wParam);
+        case WM_INITMENUPOPUP:
+            return 0;  // menus are complete when built
+        case WM_MOUSEMOVE:
+            return OnMouseMove(static_cast<short>(LOWORD(lParam)),
+                               static_cast<short>(HIWORD(lParam)));
+        case WM_LBUTTONDOWN:
+            return OnLButtonDown(static_cast<short>(LOWORD(lParam)),
+                                 static_cast<short>(HIWORD(lParam)));
+        case WM_LBUTTONUP:
+            return OnLButtonUp(static_cast<short>(LOWORD(lParam)),
+                               static_cast<short>(HIWORD(lParam)));
+        case WM_HOTKEY:
+            return OnHotKey(lParam);
+        case WM_DD_RELOAD_TEMPLATES:
+            return OnReloadTemplates();
+        case WM_DD_RELOAD:
+            return OnReload(lParam);
         default:
             return DefWindowProcW(hwnd, message, wParam, lParam);
     }

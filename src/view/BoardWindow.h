@@ -10,6 +10,7 @@
 #include "board/SessionContactSource.h"
 #include "phone/NumberTemplates.h"
 #include "view/BoardGeometry.h"
+#include "view/BoardMenus.h"
 #include "view/PhotoCache.h"
 #include "win/Gdi.h"
 #include "win/ScreenRotation.h"
@@ -70,6 +71,46 @@ class BoardWindow : public WndBase {
     void RenameButton(int position);
     /// Draws `position` pressed or released at once.
     void SetCellPressed(int position, bool pressed);
+    bool IsCellPressed(int position) const {
+        return position >= 0 && position < kMaxButtonsPerPage && cellPressed_[position];
+    }
+
+    // Input (BoardInput.cpp).
+
+    /// A tap on `position`: a bound button is called; a free one opens the contact picker.
+    void Activate(int position);
+    /// Makes `position` the selection, repainting the old and the new cell with the margin the
+    /// selection frame needs.
+    void Select(int position);
+    /// Ends a tap-and-hold in progress: the hold timer and any tick of it already queued.
+    void StopHold();
+    /// The position under the stylus since it went down, or -1.
+    int PressedPosition() const { return pressed_; }
+    bool HoldTimerOn() const { return holdTimerOn_; }
+    bool KeyHold() const { return keyHold_; }
+    /// Whether the window carries the hidden marker (set while it is hidden).
+    bool HasHiddenMarker() const;
+
+    // Menus and commands (BoardCommands.cpp).
+
+    /// Carries out a window command (WM_COMMAND's low word).
+    void RunCommand(uint32_t id);
+    /// The main menu at the panel's Menu key; carries out the choice.
+    void OpenMainMenu();
+    /// The context menu of `position` at the hold point; carries out the choice. Nothing when
+    /// the position holds no entry (any more).
+    void OpenContextMenu(int position);
+    /// Calls the entry of `slot` on its own number; nothing when the slot is free.
+    void Call(int32_t slot);
+    /// Calls the entry of `slot` on `number`: the number through the templates, the name as
+    /// shown, then the wait for the call screen while resident, then the board closes.
+    void CallNumber(int32_t slot, const Str& number);
+    /// What places calls: PlaceCall unless a test put another in.
+    using CallPlacerFn = int (*)(const char16_t* number, const char16_t* calledParty);
+    static CallPlacerFn SetCallPlacer(CallPlacerFn placer);
+    /// What asks for a vibration pulse: feedback::RequestPulse unless a test put another in.
+    using PulseFn = void (*)(uint32_t ms);
+    static PulseFn SetPulseRequester(PulseFn requester);
 
     bool IsPreload() const { return preload_; }
     bool ShowsDialerButton() const { return showDialerButton_; }
@@ -119,6 +160,30 @@ class BoardWindow : public WndBase {
     LRESULT OnPrintClient(HDC dc);
     LRESULT OnClose(WPARAM wParam);
     LRESULT OnScreenChange(WPARAM wParam);
+    LRESULT OnActivateMessage(HWND hwnd, WPARAM wParam, LPARAM lParam);
+    LRESULT OnCancelMode();
+    LRESULT OnWindowPosChanged(HWND hwnd, WPARAM wParam, LPARAM lParam);
+    LRESULT OnNcActivate(HWND hwnd, WPARAM wParam, LPARAM lParam);
+    LRESULT OnKeyDown(WPARAM key);
+    LRESULT OnKeyUp(WPARAM key);
+    LRESULT OnTimer(WPARAM id);
+    LRESULT OnLButtonDown(int x, int y);
+    LRESULT OnMouseMove(int x, int y);
+    LRESULT OnLButtonUp(int x, int y);
+    LRESULT OnHotKey(LPARAM lParam);
+    LRESULT OnReloadTemplates();
+    LRESULT OnReload(LPARAM lParam);
+
+    void StartHold();
+    void TalkKey();
+    void RepaintAll();
+    void RunMenuChoice(uint32_t id, int32_t slot, uint32_t oid);
+    ButtonMenuState MenuStateOf(int32_t slot) const;
+    bool EntryStillThere(int32_t slot, uint32_t oid) const;
+    void ChoosePhone(int32_t slot, uint32_t oid, const Str& number, const Str& label);
+    void GoToPage(int32_t page);
+    void ClearAll();
+    void ToggleBigButtons();
 
     bool preload_ = false;
     bool showDialerButton_ = false;
@@ -142,4 +207,8 @@ class BoardWindow : public WndBase {
     int32_t buttonW_ = -1;       ///< the button size the cached photos were made for
     int32_t buttonH_ = -1;
     bool cellPressed_[kMaxButtonsPerPage] = {};
+    int pressed_ = -1;          ///< position under the stylus since pen-down, or -1
+    bool holdTimerOn_ = false;  ///< the hold timer runs for a stylus press
+    bool keyHold_ = false;      ///< the hold timer runs for the action key
+    Point down_;  ///< where the stylus (or, for a key, the selected cell's centre) went down
 };

@@ -254,6 +254,18 @@ TEST_F(BoardRenameTest, AnEmptiedNameGivesTheButtonItsComposedNameBack) {
     ExpectScreenShowsTheBoard(2);
 }
 
+TEST_F(BoardRenameTest, RenameCommandRenamesTheSelectedButton) {
+    ASSERT_EQ(board_->Geometry().Selected(), 0);
+    script_.tapRow = 0;  // "Anna Lindqvist"
+    script_.softKey = 0;
+    timer_ = SetTimer(nullptr, 0, kTickMs, &Act);
+    SendMessageW(board_->Hwnd(), WM_COMMAND, IDM_RENAME, 0);
+    EXPECT_FALSE(script_.gaveUp) << "the dialog did not end";
+    EXPECT_EQ(script_.name, u"Lindqvist, Anna");
+    EXPECT_EQ(EntryOfSlot(0).display, Str(u"Anna Lindqvist"));
+    EXPECT_EQ(StoredText(u"Display0"), u"Anna Lindqvist");
+}
+
 TEST_F(BoardRenameTest, AFreeButtonOffersNoDialog) {
     // Slot 8 of the demo is free: nothing opens, nothing changes.
     ASSERT_EQ(board_->Board().FindBySlot(8), -1);

@@ -129,6 +129,15 @@ Sandbox::Sandbox(const Contents& contents) {
         std::filesystem::create_directories(folder_ / L"DialdeckSkin");
 }
 
+bool Sandbox::AddFixture(const wchar_t* fixture) {
+    const std::filesystem::path from =
+        std::filesystem::path(HostToWindows(DD_FIXTURE_BIN)) / fixture;
+    std::error_code error;
+    std::filesystem::copy_file(from, folder_ / from.filename(),
+                               std::filesystem::copy_options::overwrite_existing, error);
+    return !error;
+}
+
 Sandbox::~Sandbox() {
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);

@@ -76,6 +76,9 @@ class Sandbox {
     /// when empty) on the emulated screen `profile`, working in the sandbox folder.
     Process Start(const std::wstring& arguments, const wchar_t* profile = L"480x640@192");
     const std::filesystem::path& Folder() const { return folder_; }
+    /// Puts the built fixture file `fixture` (a path below the fixtures' build folder) beside
+    /// the copied program, where the program finds the device's piece it stands for.
+    bool AddFixture(const wchar_t* fixture);
 
   private:
     std::filesystem::path folder_;

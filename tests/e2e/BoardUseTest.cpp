@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <set>
 #include <string>
 #include <vector>
@@ -367,6 +371,30 @@ TEST_F(E2eBoardUse, TalkKeyCallsTheSelectedButtonAndTheBoardHides) {
     EXPECT_TRUE(e2e::WaitUntil([&] { return !IsWindowVisible(board_); }));
     EXPECT_TRUE(process_.IsRunning());
     EXPECT_EQ(StoredSlots(), (std::set<int>{0}));
+}
+
+TEST_F(E2eBoardUse, TalkKeyCallReachesThePhoneLibraryWithTheNumberAndName) {
+    // The fixture phone library beside the program records each request it is handed.
+    ASSERT_TRUE(sandbox_.AddFixture(L"phone\\phone.dll"));
+    const std::filesystem::path record = sandbox_.Folder() / L"calls.txt";
+    SetEnvironmentVariableW(L"DD_PHONE_RECORD", record.c_str());
+    Start({{1, L"Anna", 0, L"+46701234567"}});
+    SetEnvironmentVariableW(L"DD_PHONE_RECORD", nullptr);
+    Key(VK_HOME);
+    Key(VK_F3);
+    std::string calls;
+    EXPECT_TRUE(e2e::WaitUntil([&] {
+        std::ifstream in(record, std::ios::binary);
+        calls.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+        return !calls.empty();
+    }));
+    // The stored number goes through the built-in number templates on its way to the phone.
+    EXPECT_NE(calls.find("|flags=0|number=+4 (670) 123-45-67|party=Anna|app=(null)|comment=(null)"),
+              std::string::npos)
+        << calls;
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), '\n'), 1) << calls;
+    EXPECT_TRUE(e2e::WaitUntil([&] { return !IsWindowVisible(board_); }));
+    EXPECT_EQ(StoredSlots(), (std::set<int>{0}));  // a call changes nothing stored
 }
 
 TEST_F(E2eBoardUse, ContextMenuOnTheSmallScreen) {

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "picker/KeypadLayout.h"
+#include "keypad/KeypadLayout.h"
 #include "service/AddressBookGenerator.h"
 #include "service/LinearMatcher.h"
 #include "service/SearchService.h"

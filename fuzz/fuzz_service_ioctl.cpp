@@ -7,7 +7,7 @@
 #include <cstring>
 #include <vector>
 
-#include "picker/KeypadLayout.h"
+#include "keypad/KeypadLayout.h"
 #include "service/AddressBookGenerator.h"
 #include "service/LinearMatcher.h"
 #include "service/SearchService.h"

@@ -5,9 +5,9 @@
 set(DD_LAYERS
     "platform"
     "base win"
-    "phone picker contacts skin"
+    "phone keypad contacts skin"
     "board service controls"
-    "messaging"
+    "picker messaging"
     "view"
     "app")
 

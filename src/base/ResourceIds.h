@@ -6,6 +6,7 @@
 #define IDR_SOFTKEYS 122      // menu: the board's two soft keys
 #define IDR_OK_CANCEL 113     // menu: the dialogs' OK / Cancel soft keys
 #define IDD_RENAME 112        // dialog: rename a button
+#define IDD_PICKER 114        // dialog: choose a contact (and one of its numbers) for a button
 #define IDC_RENAME_EDIT 1073  // rename dialog: the name
 #define IDC_RENAME_LIST 1074  // rename dialog: the suggestions
 

@@ -1,6 +1,6 @@
 #include "service/LetterKeys.h"
 
-#include "picker/KeypadLayout.h"
+#include "keypad/KeypadLayout.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <bit>
 #include <cstring>
 
-#include "picker/KeypadLayout.h"
+#include "keypad/KeypadLayout.h"
 #include "service/NumberIdentity.h"
 #include "service/ReplyWriter.h"
 #include "service/ServiceProtocol.h"

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "picker/KeypadLayout.h"
+#include "keypad/KeypadLayout.h"
 
 namespace {
 

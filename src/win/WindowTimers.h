@@ -21,6 +21,9 @@ class WindowTimers {
     virtual void Stop(HWND window, UINT_PTR id) = 0;
     /// The time in milliseconds, wrapping at 2^32, from the same clock the ticks follow.
     virtual uint32_t Now() const = 0;
+    /// Holds the thread, dispatching nothing, until Now() has reached `when` (an animation's
+    /// frame pacing). Returns at once when `when` has passed.
+    virtual void WaitUntil(uint32_t when) = 0;
 };
 
 /// The process's timers: the system's (SetTimer, KillTimer and the clock seam's TickCount)

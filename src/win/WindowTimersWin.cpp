@@ -17,6 +17,11 @@ class SystemTimers final : public WindowTimers {
         RemoveQueuedTicks(window, id);
     }
     uint32_t Now() const override { return TickCount(); }
+    void WaitUntil(uint32_t when) override {
+        // Differences, not values, so the wrap of the tick count does not end the wait early.
+        while (static_cast<int32_t>(when - TickCount()) > 0)
+            Sleep(0);
+    }
 };
 
 SystemTimers& System() {

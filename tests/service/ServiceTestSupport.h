@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "picker/KeypadLayout.h"
+#include "keypad/KeypadLayout.h"
 #include "service/NameMatch.h"
 #include "service/ServiceContact.h"
 

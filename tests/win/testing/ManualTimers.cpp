@@ -39,7 +39,8 @@ int ManualTimers::Advance(uint32_t ms) {
             });
         if (next == armed_.end() || next->due > target)
             break;
-        now_ = next->due;
+        // A WaitUntil may have moved the clock past the due time; the clock never runs back.
+        now_ = std::max(now_, next->due);
         // Armed for its next period before the handler runs, so the handler may stop it.
         next->due += next->period;
         next->order = nextOrder_++;
@@ -48,8 +49,15 @@ int ManualTimers::Advance(uint32_t ms) {
         SendMessageW(window, WM_TIMER, id, 0);
         ++sent;
     }
-    now_ = target;
+    now_ = std::max(now_, target);
     return sent;
+}
+
+void ManualTimers::WaitUntil(uint32_t when) {
+    ++waits_;
+    const auto ahead = static_cast<int32_t>(when - static_cast<uint32_t>(now_));
+    if (ahead > 0)
+        now_ += static_cast<uint64_t>(ahead);
 }
 
 const ManualTimers::Armed* ManualTimers::Find(HWND window, UINT_PTR id) const {

@@ -27,6 +27,11 @@ class ManualTimers final : public WindowTimers {
     void Stop(HWND window, UINT_PTR id) override;
     /// The fake clock.
     uint32_t Now() const override { return static_cast<uint32_t>(now_); }
+    /// Moves the clock to `when` (later than Now, within half the clock's range) without
+    /// sending ticks: timers that fall due on the way tick at the next Advance. Counts the call.
+    void WaitUntil(uint32_t when) override;
+    /// How many times WaitUntil was called.
+    int Waits() const { return waits_; }
 
     /// Moves the clock `ms` forward. Each time a timer falls due on the way the clock stands at
     /// its due time, the timer is armed for its next period and WM_TIMER is sent to its window;
@@ -52,5 +57,6 @@ class ManualTimers final : public WindowTimers {
     std::vector<Armed> armed_;
     uint64_t now_;
     uint64_t nextOrder_ = 0;
+    int waits_ = 0;
     WindowTimers* previous_;
 };

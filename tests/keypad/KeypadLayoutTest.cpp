@@ -1,4 +1,4 @@
-#include "picker/KeypadLayout.h"
+#include "keypad/KeypadLayout.h"
 
 #include <gtest/gtest.h>
 

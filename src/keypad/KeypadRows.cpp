@@ -4,7 +4,7 @@
 // is stored on the device with four stray characters after key 9; nobody types them, so they
 // are left out.
 
-#include "picker/KeypadLayout.h"
+#include "keypad/KeypadLayout.h"
 
 const KeypadRow kKeypadRows[] = {
     // English

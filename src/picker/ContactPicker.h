@@ -10,8 +10,16 @@
 
 #include "base/ResourceIds.h"
 #include "base/Str.h"
+#include "contacts/SearchServiceClient.h"
+#include "controls/FlickList.h"
+#include "controls/KeypadControl.h"
+#include "keypad/KeypadLayout.h"
+#include "picker/PickerModel.h"
+#include "win/DialogBase.h"
+#include "win/Gdi.h"
 
 class NumberTemplates;
+class SearchServiceClient;
 
 /// The picker's look, borrowed from the board's skin: the owner keeps every handle alive while
 /// the picker runs. A font left null gets the dialog's default (bold 10-point Tahoma).
@@ -41,6 +49,60 @@ struct PickerRequest {
     Str number;       ///< empty when the contact has none (or none was wanted)
     Str numberLabel;  ///< the text naming the number's type
     int32_t numberType = 0;
+};
+
+/// The picker dialog. Run modally (RunModal, or RunContactPicker) or modeless (CreateModeless:
+/// the dialog window, shown and painted at once when asked). Closing with 1 fills the request's
+/// out part; 2 is a cancel.
+class ContactPicker : public DialogBase, private FlickListListener, private KeypadListener {
+  public:
+    /// The picker for `request` (borrowed: it must outlive the dialog), asking `service`.
+    explicit ContactPicker(PickerRequest& request,
+                           SearchServiceClient& service = SearchServiceClient::Get());
+    ~ContactPicker() override;
+
+    /// The list and the keypad (their windows are null while the dialog is not open).
+    FlickList& List() { return list_; }
+    KeypadControl& Keypad() { return keypad_; }
+    const PickerModel& Model() const { return model_; }
+    /// The font of names and numbers: the look's, or the dialog's own bold 10-point Tahoma.
+    HFONT Font() const { return font_; }
+    /// The font of second texts: the look's small font, or the dialog's own 8-point Tahoma.
+    HFONT SmallFont() const { return smallFont_; }
+    /// The keypad labels loaded at set-up.
+    const KeypadLayout& Labels() const { return labels_; }
+
+  protected:
+    INT_PTR DlgProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) override;
+    bool OnInitDialog(HWND focus) override;
+    bool OnCommand(int id, int notifyCode, HWND control) override;
+    void OnSize(int width, int height) override;
+
+  private:
+    // FlickListListener
+    void OnDrawItem(HWND list, HDC dc, int index, const RECT& rect, bool selected) override;
+    void OnClick(HWND list, int index, int previous, WPARAM keyState) override;
+    void OnActivate(HWND list, int index) override;
+    // KeypadListener
+    void OnDigitsChanged(const Str& typed) override;
+
+    void MakeFonts();
+    void MakeChildren();
+    void LayOut();
+    void ShowRows();
+    void Choose();
+    void Cancel();
+    void Finish();
+
+    PickerRequest& request_;
+    PickerModel model_;
+    FlickList list_;
+    KeypadControl keypad_;
+    KeypadLayout labels_;
+    gdi::Object<HFONT> ownFont_;
+    gdi::Object<HFONT> ownSmallFont_;
+    HFONT font_ = nullptr;
+    HFONT smallFont_ = nullptr;
 };
 
 /// Runs the picker modally, owned by `owner`: 1 when a choice was made (the request's out part

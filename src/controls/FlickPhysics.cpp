@@ -17,7 +17,8 @@ int Saturate(int64_t value) {
 }  // namespace
 
 bool CancelsHold(int dx, int dy, int dpiX, int dpiY) {
-    return std::abs(dx) > ScaleLength(kHoldSlop, dpiX) || std::abs(dy) > ScaleLength(kHoldSlop, dpiY);
+    return std::abs(dx) > ScaleLength(kHoldSlop, dpiX) ||
+           std::abs(dy) > ScaleLength(kHoldSlop, dpiY);
 }
 
 bool StartsDrag(int dy, int dpiY) {
@@ -83,7 +84,8 @@ int CapVelocity(int velocity, int dpiY) {
 
 Fling StartFling(int offset, int velocity, int flingFactor) {
     Fling fling;
-    fling.target = Saturate(static_cast<int64_t>(offset) + static_cast<int64_t>(velocity) * flingFactor);
+    fling.target =
+        Saturate(static_cast<int64_t>(offset) + static_cast<int64_t>(velocity) * flingFactor);
     fling.up = fling.target < offset;
     return fling;
 }
@@ -97,7 +99,8 @@ int FlingStep(const Fling& fling, int offset) {
 
 int FlingFrame(const Fling& fling, int offset, int maxOffset, int viewHeight) {
     int step = FlingStep(fling, offset);
-    int next = fling.up ? std::max(fling.target, offset - step) : std::min(fling.target, offset + step);
+    int next =
+        fling.up ? std::max(fling.target, offset - step) : std::min(fling.target, offset + step);
     int reach = std::max(0, viewHeight) * 2 / 3;
     return std::clamp(next, -reach, maxOffset + reach);
 }

@@ -89,8 +89,7 @@ int ClassicPositionAt(const ScrollRange& range, int y, int grab, int barHeight,
     int scrollable = range.maximum - range.minimum + 1 - range.page;
     if (scrollable <= 0)
         return range.minimum;
-    int position =
-        range.minimum + MulDivFloor(y - grab - metrics.arrowHeight, scrollable, free);
+    int position = range.minimum + MulDivFloor(y - grab - metrics.arrowHeight, scrollable, free);
     return std::clamp(position, range.minimum, LastPosition(range));
 }
 
@@ -130,8 +129,7 @@ std::vector<BandCopy> StretchBands(int thumbTop, int length, int bitmapHeight) {
     copies.push_back(BandCopy{0, thumbTop, std::min(band, length)});
     for (int top = thumbTop + band; top < bottom - band; top += band)
         copies.push_back(BandCopy{band, top, std::min(band, bottom - band - top)});
-    copies.push_back(BandCopy{2 * band, std::max(thumbTop, bottom - band),
-                              std::min(band, length)});
+    copies.push_back(BandCopy{2 * band, std::max(thumbTop, bottom - band), std::min(band, length)});
     return copies;
 }
 

@@ -56,8 +56,8 @@ int HitTest(const ListState& list, int x, int y) {
         return -1;
     // The first row that can reach the view is offset / height; rows above it cannot hold the
     // point, and a pulled-down list (negative offset) starts from row 0.
-    for (int index = std::max(0, list.offset / SafeItemHeight(list.itemHeight));
-         index < list.count; ++index) {
+    for (int index = std::max(0, list.offset / SafeItemHeight(list.itemHeight)); index < list.count;
+         ++index) {
         Rect row = RowRect(list, index);
         if (row.top > y)
             break;
@@ -77,15 +77,32 @@ int ScrollMove(const ListState& list, int code, int position) {
     int view = list.view.Height();
     int target = list.offset;
     switch (code) {
-        case kLineUp: target -= height; break;
-        case kLineDown: target += height; break;
-        case kPageUp: target -= view; break;
-        case kPageDown: target += view; break;
-        case kThumbTrack: target = position; break;
-        case kTop: target = 0; break;
-        case kBottom: target = RangeMaximum(list.count, list.itemHeight); break;
-        case kScrollBy: target += position; break;
-        default: return 0;  // kThumbPosition and unknown codes
+        case kLineUp:
+            target -= height;
+            break;
+        case kLineDown:
+            target += height;
+            break;
+        case kPageUp:
+            target -= view;
+            break;
+        case kPageDown:
+            target += view;
+            break;
+        case kThumbTrack:
+            target = position;
+            break;
+        case kTop:
+            target = 0;
+            break;
+        case kBottom:
+            target = RangeMaximum(list.count, list.itemHeight);
+            break;
+        case kScrollBy:
+            target += position;
+            break;
+        default:
+            return 0;  // kThumbPosition and unknown codes
     }
     int maxOffset = MaxOffset(list.count, list.itemHeight, view);
     return std::clamp(target, 0, maxOffset) - list.offset;
@@ -110,7 +127,8 @@ NavTarget Navigate(const ListState& list, NavKey key) {
     int rows = VisibleRows(list.view.Height(), list.itemHeight);
     int selection = list.selection;
     switch (key) {
-        case NavKey::kHome: return ScrollAndSelect(0, 0);
+        case NavKey::kHome:
+            return ScrollAndSelect(0, 0);
         case NavKey::kEnd:
             return ScrollAndSelect(last, RangeMaximum(list.count, list.itemHeight));
         case NavKey::kUp: {

@@ -111,12 +111,24 @@ struct ScrollCase {
 TEST(ListGeometryTest, ScrollMovesByCodeStayInTheRange) {
     // 40 rows of 30 in a 600 view: offsets 0..600.
     const ScrollCase cases[] = {
-        {kLineUp, 0, 100, -30},      {kLineUp, 0, 10, -10},       {kLineDown, 0, 100, 30},
-        {kLineDown, 0, 590, 10},     {kPageUp, 0, 700, -600},     {kPageUp, 0, 300, -300},
-        {kPageDown, 0, 0, 600},      {kPageDown, 0, 100, 500},    {kThumbPosition, 250, 0, 0},
-        {kThumbTrack, 250, 0, 250},  {kThumbTrack, 9999, 0, 600}, {kTop, 0, 321, -321},
-        {kBottom, 0, 0, 600},        {kScrollBy, 45, 100, 45},    {kScrollBy, -45, 100, -45},
-        {kScrollBy, -200, 100, -100}, {8, 0, 100, 0},             {1004, 10, 100, 0},
+        {kLineUp, 0, 100, -30},
+        {kLineUp, 0, 10, -10},
+        {kLineDown, 0, 100, 30},
+        {kLineDown, 0, 590, 10},
+        {kPageUp, 0, 700, -600},
+        {kPageUp, 0, 300, -300},
+        {kPageDown, 0, 0, 600},
+        {kPageDown, 0, 100, 500},
+        {kThumbPosition, 250, 0, 0},
+        {kThumbTrack, 250, 0, 250},
+        {kThumbTrack, 9999, 0, 600},
+        {kTop, 0, 321, -321},
+        {kBottom, 0, 0, 600},
+        {kScrollBy, 45, 100, 45},
+        {kScrollBy, -45, 100, -45},
+        {kScrollBy, -200, 100, -100},
+        {8, 0, 100, 0},
+        {1004, 10, 100, 0},
         {kLineUp, 0, -40, 40},
     };
     for (const ScrollCase& c : cases) {

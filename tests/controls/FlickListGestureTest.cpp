@@ -128,6 +128,17 @@ TEST_F(FlickListGestureTest, ADragStartsBeyondTenPixels) {
     EXPECT_TRUE(listener_.clicks.empty());
 }
 
+TEST_F(FlickListGestureTest, TheDragThresholdScalesWithTheScreen) {
+    SetScreen(ComputeScreenInfo(192, 192, 480, 640));
+    Make(40, 30, 480, 640);
+    Press(100, 300);
+    Move(100, 280);  // 20 pixels: 10 design pixels at 192
+    EXPECT_FALSE(list_->Indicator().Visible());
+    Move(100, 279);
+    EXPECT_TRUE(list_->Indicator().Visible());
+    Release(100, 279);
+}
+
 TEST_F(FlickListGestureTest, AHorizontalMoveNeverStartsADrag) {
     Make(40, 30, 480, 640);
     Press(100, 300);
@@ -225,7 +236,6 @@ TEST_F(FlickListGestureTest, AFlingRunsItsFramesToTheCappedTarget) {
     }
 
     FrameWatch watch(timers_, list);
-    watch.shotAtWait = 3;
     const uint32_t start = timers_.Now();
     Pump();
     EXPECT_EQ(list.Offset(), 1200);
@@ -249,6 +259,7 @@ TEST_F(FlickListGestureTest, AFlingPastTheEndBouncesBack) {
     Release(100, 180);  // offset 220, velocity (220 - 200 + 200) * 1000 / 140
     ASSERT_TRUE(Waiting(List(), FlickList::kFlingMessage, false));
     FrameWatch watch(timers_, list);
+    watch.shotAtWait = 2;
     Pump();
     // From 220 toward 1220 (capped at 1000): past the end (562) the bounce takes it back.
     flick::Fling fling = flick::StartFling(220, 1000, flick::kFlingFactor);

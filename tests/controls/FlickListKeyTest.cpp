@@ -247,6 +247,16 @@ TEST_F(FlickListKeyTest, FocusIsReported) {
     EXPECT_TRUE(IsWindowVisible(List()));
 }
 
+TEST_F(FlickListKeyTest, HideOnDeactivateHidesOnDeactivation) {
+    SendMessageW(List(), WM_ACTIVATE, WA_INACTIVE, 0);
+    EXPECT_TRUE(IsWindowVisible(List()));
+    list_->SetHideOnDeactivate(true);
+    SendMessageW(List(), WM_ACTIVATE, WA_ACTIVE, 0);
+    EXPECT_TRUE(IsWindowVisible(List()));
+    SendMessageW(List(), WM_ACTIVATE, WA_INACTIVE, 0);
+    EXPECT_FALSE(IsWindowVisible(List()));
+}
+
 TEST_F(FlickListKeyTest, HideOnDeactivateHidesOnLosingFocus) {
     list_->SetHideOnDeactivate(true);
     SetFocus(List());

@@ -311,8 +311,8 @@ void ScrollIndicator::OnMove(int, int y) {
 }
 
 void ScrollIndicator::OnRelease() {
+    // Stopping also drops the repeat's ticks already queued, so none scrolls after the release.
     Timers().Stop(window_, kRepeatTimer);
-    RemoveQueuedTicks(window_, kRepeatTimer);
     pressed_ = flick::kPartNone;
     if (GetCapture() == window_)
         ReleaseCapture();

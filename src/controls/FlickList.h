@@ -12,6 +12,9 @@
 #include <cstdint>
 
 #include "controls/FlickListListener.h"
+#include "controls/FlickPhysics.h"
+#include "controls/ListGeometry.h"
+#include "controls/ScrollIndicator.h"
 #include "win/WndBase.h"
 
 class FlickList : public WndBase {
@@ -23,6 +26,11 @@ class FlickList : public WndBase {
     static constexpr UINT kBounceEndMessage = WM_USER + 103;
     /// WM_VSCROLL's own code: scroll by the signed amount in the high word.
     static constexpr int kScrollByCode = 1005;
+    /// The hold timer: a press (or Enter) held this long is reported through OnHold.
+    static constexpr UINT_PTR kHoldTimer = 2;
+    static constexpr UINT kHoldMs = 500;
+    /// The Action key, which activates the selection like Enter.
+    static constexpr UINT kActionKey = 134;
 
     FlickList();
     ~FlickList() override;
@@ -80,10 +88,68 @@ class FlickList : public WndBase {
     int Offset() const { return offset_; }
     /// max(0, rows' height - view height).
     int MaxOffset() const;
+    /// The scroll indicator drawn along the right edge.
+    const ScrollIndicator& Indicator() const { return indicator_; }
 
     LRESULT WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    using KeyHandler = void (FlickList::*)();
+    struct KeyRoute {
+        UINT key;
+        KeyHandler handler;
+    };
+    static const KeyRoute kKeyRoutes[];
+
+    // Messages.
+    LRESULT OnSize(HWND hwnd, WPARAM wParam, LPARAM lParam);
+    void OnActivation(WPARAM wParam);
+    LRESULT OnSetFocus(HWND hwnd, WPARAM wParam, LPARAM lParam);
+    LRESULT OnKillFocus(HWND hwnd, WPARAM wParam, LPARAM lParam);
+    void OnPaint();
+    void OnPrintClient(HDC dc);
+    void OnCancelMode();
+    void OnKeyDown(WPARAM key, LPARAM keyData);
+    void OnKeyUp(WPARAM key, LPARAM keyData);
+    void OnChar(WPARAM character, LPARAM keyData);
+    void OnTimer(UINT_PTR id);
+    void OnVScroll(WPARAM wParam);
+    void OnLButtonDown(int x, int y);
+    void OnMouseMove(int x, int y);
+    void OnLButtonUp(int x, int y, WPARAM keyState);
+    void OnFling();
+    void OnBounceTop();
+    void OnBounceEnd();
+
+    // Keys.
+    void KeyHome();
+    void KeyEnd();
+    void KeyUp();
+    void KeyDown();
+    void KeyPageUp();
+    void KeyPageDown();
+    void KeyEnter();
+    void KeyIgnored() {}
+    void Go(flick::NavKey key);
+    void DropKeyRepeatsAhead();
+
+    // Gestures.
+    void CancelHold();
+    void OnHoldTimer();
+    bool PressWaiting() const;
+    void RepaintNow();
+
+    // Scrolling and painting.
+    void ScrollByCode(int code, int position);
+    void PublishRange();
+    flick::ListState State() const;
+    int ViewHeight() const;
+    void InvalidateRow(int index);
+    void PaintTo(HDC dc);
+    void PaintRows(HDC dc, const RECT& clip);
+    void PaintRowByRow(HDC dc, const RECT& clip);
+    void PaintEmptySpace(HDC dc);
+
     FlickListListener* listener_ = nullptr;
     int count_ = 0;
     int itemHeight_ = 1;
@@ -92,4 +158,17 @@ class FlickList : public WndBase {
     bool wholeView_ = true;
     bool holdEnabled_ = false;
     bool hideOnDeactivate_ = false;
+    int x_ = 0;
+    int y_ = 0;
+    int width_ = 0;
+    int maxHeight_ = 0;
+    bool fixedHeight_ = false;
+    ScrollIndicator indicator_;
+
+    POINT press_{0, 0};  ///< where the stylus went down; during a drag, y is the last move's
+    bool dragging_ = false;
+    bool holdPending_ = false;
+    bool enterPressed_ = false;
+    flick::VelocitySample sample_;
+    int velocity_ = 0;  ///< the release's pixels per second, for the fling
 };

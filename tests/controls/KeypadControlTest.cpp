@@ -117,10 +117,16 @@ class KeypadControlTest : public ::testing::Test {
         }
         if (keypad_.Hwnd() != nullptr)
             DestroyWindow(keypad_.Hwnd());
-        ASSERT_NE(keypad_.Create(parent_.Hwnd(), 0, 0, width, height), nullptr);
+        ASSERT_NE(keypad_.Create(parent_->Hwnd(), 0, 0, width, height), nullptr);
         client_ = Rect{0, 0, width, height};
     }
 
+    // One parent for the whole suite: destroying a visible top-level window costs Wine seconds.
+    static void SetUpTestSuite() { parent_ = new CommandParent(480, 320); }
+    static void TearDownTestSuite() {
+        delete parent_;
+        parent_ = nullptr;
+    }
     void SetUp() override {
         gPulses.clear();
         Make(300, 150, 96, 1);
@@ -153,7 +159,7 @@ class KeypadControlTest : public ::testing::Test {
     bool Armed() const { return timers_.IsArmed(keypad_.Hwnd(), KeypadControl::kRepeatTimer); }
 
     ManualTimers timers_;
-    CommandParent parent_{480, 320};
+    static inline CommandParent* parent_ = nullptr;
     gdi::Object<HFONT> font_;
     gdi::Object<HFONT> secondFont_;
     Recorder recorder_;

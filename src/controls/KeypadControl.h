@@ -49,7 +49,8 @@ class KeypadControl : public WndBase {
     using PulseFn = void (*)(uint32_t ms);
     void SetPulseRequester(PulseFn requester) { pulse_ = requester; }
 
-    /// Creates the child window in `parent` at the given rectangle. Returns it, or null.
+    /// Creates the child window in `parent` at the given rectangle. Returns it, or null. A control
+    /// that has a window keeps it and returns it.
     HWND Create(HWND parent, int x, int y, int width, int height);
 
     /// The typed digits.
@@ -62,12 +63,37 @@ class KeypadControl : public WndBase {
     LRESULT WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    LRESULT OnPaint();
+    LRESULT OnPrintClient(HDC dc);
+    LRESULT OnLButtonDown(int x, int y);
+    LRESULT OnMouseMove(int x, int y);
+    LRESULT OnLButtonUp(int x, int y);
+    LRESULT OnTimer(UINT_PTR id);
+    LRESULT OnKeyDown(WPARAM code);
+    LRESULT OnCancelMode();
+
+    /// Paints every key into `dc` (client coordinates) through one off-screen bitmap.
+    void Paint(HDC dc);
+    void DrawKey(HDC dc, int key, const RECT& client);
+    void DrawLabels(HDC dc, int key, const RECT& cell, COLORREF text, COLORREF secondText);
+    /// Client rectangle, cell of a key and hit test in the control's own coordinates.
+    RECT Client() const;
+    int KeyAt(int x, int y) const;
+    bool OverKey(int key, int x, int y) const;
+    /// Redraws one key now.
+    void RepaintKey(int key);
+    void Pulse();
+
     KeypadListener* listener_ = nullptr;
     KeypadLook look_;
     PulseFn pulse_;
     Str typed_;
     int pressedKey_ = -1;
     bool pressedLook_ = false;
+    POINT downPoint_{};
     bool vibrate_ = false;
     uint32_t pulseMs_ = 50;
+    Array<Str> labels_;
+    Array<Str> subLabels_;
+    bool hasSubLabels_ = false;
 };

@@ -26,10 +26,6 @@ PickerLayout LayOutPicker(const Rect& content, int dpiY, int lineHeight, int sma
     return layout;
 }
 
-int CentredTop(const Rect& row, int blockHeight) {
-    return row.top + (row.Height() - blockHeight) / 2;
-}
-
 int RowMargin(int dpiX) {
     return ScaleLength(kTextDesignMargin, dpiX);
 }

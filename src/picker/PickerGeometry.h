@@ -15,8 +15,5 @@ struct PickerLayout {
 /// (`lineHeight` + `smallLineHeight`) need it with 2 design pixels above and below.
 PickerLayout LayOutPicker(const Rect& content, int dpiY, int lineHeight, int smallLineHeight);
 
-/// The top of a text block `blockHeight` high centred vertically in `row`.
-int CentredTop(const Rect& row, int blockHeight);
-
 /// The horizontal margin of a row's texts at dpiX: 4 design pixels.
 int RowMargin(int dpiX);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "picker/PickerGeometry.h"
+#include "controls/KeyLabelLayout.h"
 #include "skin/Skin.h"
 #include "win/RectConvert.h"
 #include "win/WideCast.h"

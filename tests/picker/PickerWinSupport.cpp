@@ -54,9 +54,8 @@ TestScreen::TestScreen(const device::Profile& profile) {
     skin_ = std::make_unique<Skin>(Str(u"C:\\no-such-folder\\DialdeckSkin"), library_);
     skin_->LoadSkinFile();
     const int bar = BarHeightAt(profile.dpi);
-    board_ =
-        CreateWindowExW(0, L"STATIC", L"Orvalis Dialdeck", WS_POPUP | WS_VISIBLE, 0, bar,
-                        profile.width, profile.height - bar, nullptr, nullptr, nullptr, nullptr);
+    board_ = CreateWindowExW(0, L"STATIC", L"Orvalis Dialdeck", WS_POPUP, 0, bar, profile.width,
+                             profile.height - bar, nullptr, nullptr, nullptr, nullptr);
 }
 
 TestScreen::~TestScreen() {
@@ -163,6 +162,10 @@ void TapKey(HWND keypad, int key) {
     const int w = client.right / 3;
     const int h = client.bottom / 3;
     Tap(keypad, (key % 3) * w + w / 2, (key / 3) * h + h / 2);
+}
+
+void TapDigit(HWND keypad, char digit) {
+    TapKey(keypad, digit - '1');
 }
 
 void TapRow(FlickList& list, int row) {

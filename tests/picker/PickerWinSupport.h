@@ -80,8 +80,10 @@ class DrivenPicker : public ContactPicker {
     bool OnInitDialog(HWND focus) override;
 };
 
-/// A person's taps: a keypad key (0 backspace, 1..8 the digits 2..9), a list row, a soft key.
+/// A person's taps: a keypad key (0 backspace, 1..8 the digits 2..9), the key of a digit
+/// ('2'..'9'), a list row, a soft key.
 void TapKey(HWND keypad, int key);
+void TapDigit(HWND keypad, char digit);
 void TapRow(FlickList& list, int row);
 constexpr int kOkKey = 0;
 constexpr int kCancelKey = 1;

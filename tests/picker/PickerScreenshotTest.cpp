@@ -198,8 +198,8 @@ TEST_P(PickerScreenshotTest, RestTypedNumbersAndMidFling) {
 INSTANTIATE_TEST_SUITE_P(Screens, PickerScreenshotTest,
                          ::testing::Values(Scene{kQvga, 1, "373", 10, L"qvga-latin"},
                                            Scene{kVga, 1, "373", 10, L"vga-latin"},
-                                           Scene{kQvga, 2, "536", 50, L"qvga-cyrillic"},
-                                           Scene{kVga, 2, "536", 50, L"vga-cyrillic"}),
+                                           Scene{kQvga, 2, "53665", 50, L"qvga-cyrillic"},
+                                           Scene{kVga, 2, "53665", 50, L"vga-cyrillic"}),
                          [](const ::testing::TestParamInfo<Scene>& param) {
                              std::string name;
                              for (const wchar_t* c = param.param.name; *c != 0; ++c)

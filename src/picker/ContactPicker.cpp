@@ -72,6 +72,7 @@ bool ContactPicker::OnInitDialog(HWND) {
     shell::SipPreference(hwnd, shell::kSipForceDown);
     TakeOwnerCaption();
     MakeFonts();
+    MakeRowLook();
     labels_.Load(KeypadLayout::ChooseId());
     MakeChildren();
     LayOut();
@@ -111,6 +112,22 @@ void ContactPicker::MakeFonts() {
         ownSmallFont_.Reset(MakeTahoma(kSmallFontPoints, kNormal));
         smallFont_ = ownSmallFont_.get();
     }
+}
+
+void ContactPicker::MakeRowLook() {
+    const PickerLook& look = request_.look;
+    rowLook_.fill = look.background;
+    rowLook_.selectedFill = look.text;
+    rowLook_.text = look.text;
+    rowLook_.selectedText = look.selectedText;
+    rowLook_.highlight = GetSysColor(COLOR_HIGHLIGHT);
+    rowLook_.highlightText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+    rowLook_.font = font_;
+    rowLook_.smallFont = smallFont_;
+    rowLook_.rowUnselected = look.rowUnselected;
+    rowLook_.rowSelected = look.rowSelected;
+    rowLook_.rowVoid = look.rowVoid;
+    rowLook_.margin = RowMargin(EffectiveDpiX());
 }
 
 void ContactPicker::MakeChildren() {
@@ -207,21 +224,7 @@ void ContactPicker::Finish() {
 }
 
 void ContactPicker::OnDrawItem(HWND, HDC dc, int index, const RECT& rect, bool selected) {
-    const PickerLook& look = request_.look;
-    RowLook rows;
-    rows.fill = look.background;
-    rows.selectedFill = look.text;
-    rows.text = look.text;
-    rows.selectedText = look.selectedText;
-    rows.highlight = GetSysColor(COLOR_HIGHLIGHT);
-    rows.highlightText = GetSysColor(COLOR_HIGHLIGHTTEXT);
-    rows.font = font_;
-    rows.smallFont = smallFont_;
-    rows.rowUnselected = look.rowUnselected;
-    rows.rowSelected = look.rowSelected;
-    rows.rowVoid = look.rowVoid;
-    rows.margin = RowMargin(EffectiveDpiX());
-
+    const RowLook& rows = rowLook_;
     PaintRowBackground(dc, rect, index, selected, rows);
     if (index < 0)
         return;

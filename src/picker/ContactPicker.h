@@ -15,6 +15,7 @@
 #include "controls/KeypadControl.h"
 #include "keypad/KeypadLayout.h"
 #include "picker/PickerModel.h"
+#include "picker/PickerRowPaint.h"
 #include "win/DialogBase.h"
 #include "win/Gdi.h"
 
@@ -71,6 +72,8 @@ class ContactPicker : public DialogBase, private FlickListListener, private Keyp
     HFONT SmallFont() const { return smallFont_; }
     /// The keypad labels loaded at set-up.
     const KeypadLayout& Labels() const { return labels_; }
+    /// How the rows are drawn: the look's colours and bitmaps, the fonts, the margin.
+    const RowLook& RowStyle() const { return rowLook_; }
 
   protected:
     INT_PTR DlgProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -87,6 +90,7 @@ class ContactPicker : public DialogBase, private FlickListListener, private Keyp
     void OnDigitsChanged(const Str& typed) override;
 
     void MakeFonts();
+    void MakeRowLook();
     void MakeChildren();
     void LayOut();
     void ShowRows();
@@ -103,6 +107,7 @@ class ContactPicker : public DialogBase, private FlickListListener, private Keyp
     gdi::Object<HFONT> ownSmallFont_;
     HFONT font_ = nullptr;
     HFONT smallFont_ = nullptr;
+    RowLook rowLook_;
 };
 
 /// Runs the picker modally, owned by `owner`: 1 when a choice was made (the request's out part

@@ -14,11 +14,30 @@
 #include "base/ScreenInfo.h"
 #include "phone/NumberTemplates.h"
 #include "service/AddressBookGenerator.h"
+#include "testing/WindowTestKit.h"
 
 namespace {
 
 int QuietAlert(const char16_t*, const char16_t*, uint32_t) {
     return kAlertAnswerOk;
+}
+
+/// Row `row` of the list as drawn (WM_PRINTCLIENT), and as `paint` draws it into a bitmap of
+/// the list's size; true when every pixel of the row is the same.
+template <typename Paint>
+bool RowDrawnAs(FlickList& list, int row, Paint paint) {
+    const shot::Image drawn = PrintClient(list.Hwnd());
+    shot::Canvas canvas(drawn.width, drawn.height);
+    const RECT rect = list.GetRowRect(row);
+    paint(canvas.Dc(), rect);
+    const shot::Image expected = canvas.Snapshot();
+    for (int y = rect.top; y < rect.bottom; ++y) {
+        for (int x = rect.left; x < rect.right; ++x) {
+            if (drawn.At(x, y) != expected.At(x, y))
+                return false;
+        }
+    }
+    return true;
 }
 
 class ContactPickerTest : public ::testing::Test {
@@ -118,6 +137,54 @@ TEST_F(ContactPickerTest, SeveralNumbersAreListedFormattedAndOkTakesTheSelectedO
     EXPECT_EQ(request.number, Str(u"555-0100")) << "the number as stored, not as shown";
     EXPECT_EQ(request.numberLabel, Str(u"Dacha"));
     EXPECT_EQ(request.numberType, 100);
+}
+
+TEST_F(ContactPickerTest, StageTwoRowsShowTheTypeLeftAndTheFormattedNumberRight) {
+    TestScreen screen(kVga);
+    request.look = screen.SkinLook();
+    DrivenPicker picker(request, service.client);
+    ASSERT_NE(picker.CreateModeless(screen.Board(), true), nullptr);
+    picker.List().SetSelection(ResultIndex(picker.Model(), 10), false);
+    SendMessageW(picker.Hwnd(), WM_COMMAND, IDOK, 0);
+    ASSERT_TRUE(picker.Model().InNumbers());
+    const RowLook& look = picker.RowStyle();
+    const auto numberRow = [&](const char16_t* number, const char16_t* label, bool selected) {
+        return [&look, number, label, selected](HDC dc, const RECT& rect) {
+            PaintRowBackground(dc, rect, 0, selected, look);
+            PaintNumberRow(dc, rect, NumberLine{Str(label), Str(number)}, selected, look);
+        };
+    };
+    const Str home = Str(PhoneTypeLabel(1));
+    EXPECT_TRUE(RowDrawnAs(picker.List(), 0, numberRow(u"8 (123) 456-78-90", home, true)));
+    EXPECT_FALSE(RowDrawnAs(picker.List(), 0, numberRow(u"81234567890", home, true)))
+        << "the check can tell a number as stored";
+    EXPECT_TRUE(RowDrawnAs(picker.List(), 2, numberRow(u"555-01-00", u"Dacha", false)));
+
+    // Stage 1 again: a contact's name over its second text.
+    SendMessageW(picker.Hwnd(), WM_COMMAND, IDCANCEL, 0);
+    ASSERT_EQ(ResultIndex(picker.Model(), 10), 1);
+    ContactLine line;
+    line.name = u"Smith, Fred";
+    line.second = u"Acme";
+    EXPECT_TRUE(RowDrawnAs(picker.List(), 1, [&](HDC dc, const RECT& rect) {
+        PaintRowBackground(dc, rect, 1, false, look);
+        PaintContactRow(dc, rect, line, false, look);
+    }));
+
+    // Typed digits: the matched letters of the name in the highlight colours.
+    for (WPARAM key : {'3', '7', '3'})
+        SendMessageW(picker.Hwnd(), WM_KEYDOWN, key, 1);
+    ASSERT_EQ(ResultIndex(picker.Model(), 10), 0);
+    line.runs.Add(TextRun{7, 3});
+    EXPECT_TRUE(RowDrawnAs(picker.List(), 0, [&](HDC dc, const RECT& rect) {
+        PaintRowBackground(dc, rect, 0, true, look);
+        PaintContactRow(dc, rect, line, true, look);
+    }));
+    line.runs.RemoveAll();
+    EXPECT_FALSE(RowDrawnAs(picker.List(), 0, [&](HDC dc, const RECT& rect) {
+        PaintRowBackground(dc, rect, 0, true, look);
+        PaintContactRow(dc, rect, line, true, look);
+    })) << "the check can tell a name without its run";
 }
 
 TEST_F(ContactPickerTest, CancelInStageTwoShowsTheSameListWithTheSameDigits) {

@@ -412,6 +412,36 @@ TEST_F(ContactPickerTest, ListAboveKeypadAndTheDefaultFont) {
     }
 }
 
+TEST_F(ContactPickerTest, AResizedPickerLaysItsPartsOutAgain) {
+    TestScreen screen(kQvga);
+    DrivenPicker picker(request, service.client);
+    HWND hwnd = picker.CreateModeless(screen.Board(), true);
+    ASSERT_NE(hwnd, nullptr);
+    MoveWindow(hwnd, 0, 26, 240, 200, TRUE);
+    const Rect content = picker.ContentArea();
+    RECT keypad{};
+    GetWindowRect(picker.Keypad().Hwnd(), &keypad);
+    MapWindowPoints(nullptr, hwnd, reinterpret_cast<POINT*>(&keypad), 2);
+    EXPECT_EQ(keypad.bottom, content.bottom);
+    EXPECT_EQ(keypad.bottom - keypad.top, content.Height() * 2 / 5);
+    RECT list{};
+    GetWindowRect(picker.List().Hwnd(), &list);
+    MapWindowPoints(nullptr, hwnd, reinterpret_cast<POINT*>(&list), 2);
+    EXPECT_EQ(list.bottom, keypad.top);
+}
+
+TEST_F(ContactPickerTest, AContactDeletedWhileListedIsChosenWithoutANumber) {
+    TestScreen screen(kQvga);
+    DrivenPicker picker(request, service.client);
+    picker.onInit = [&](DrivenPicker& p) {
+        service.service.RemoveContact(10);
+        TapRow(p.List(), ResultIndex(p.Model(), 10));
+    };
+    EXPECT_EQ(picker.RunModal(screen.Board()), 1);
+    EXPECT_EQ(request.oid, 10u);
+    EXPECT_TRUE(request.number.IsEmpty());
+}
+
 TEST_F(ContactPickerTest, TheLooksFontIsUsedWhenGiven) {
     TestScreen screen(kQvga);
     request.look = screen.SkinLook();

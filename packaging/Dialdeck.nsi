@@ -76,6 +76,23 @@ VIAddVersionKey /LANG=1033 "FileDescription" "${PRODUCT} setup"
     ${EndIf}
 !macroend
 
+; Pushes the program's path for the Start-menu shortcut. Some shell-link readers keep only the
+; ANSI form of a path, so a folder whose name the ANSI code page cannot write is given in its short
+; (8.3) form, which every reader takes; any other folder keeps its own name.
+Function ShortcutTarget
+    StrCpy $0 "$INSTDIR\Dialdeck.exe"
+    ; WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, ...) reports in $2 whether a character
+    ; had no ANSI form.
+    System::Call 'kernel32::WideCharToMultiByte(i 0, i 0x400, w r0, i -1, p 0, i 0, p 0, *i 0 r2) i .r1'
+    ${If} $2 <> 0
+        GetFullPathName /SHORT $1 "$0"
+        ${If} $1 != ""
+            StrCpy $0 $1
+        ${EndIf}
+    ${EndIf}
+    Push $0
+FunctionEnd
+
 Section "${PRODUCT} (required)" SecProgram
     SectionIn RO
     SetOutPath "$INSTDIR"
@@ -89,7 +106,9 @@ Section "${PRODUCT} (required)" SecProgram
     SetOutPath "$INSTDIR"
     WriteUninstaller "$INSTDIR\Uninstall.exe"
 
-    CreateShortcut "${SHORTCUT}" "$INSTDIR\Dialdeck.exe" "" "$INSTDIR\Dialdeck.exe" 0
+    Call ShortcutTarget
+    Pop $0
+    CreateShortcut "${SHORTCUT}" "$0" "" "$0" 0
 
     WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayName" "${PRODUCT}"
     WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"

@@ -12,8 +12,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <optional>
 #include <string>
+#include <thread>
 
 #include "BoardDriver.h"
 #include "ScreenShot.h"
@@ -137,6 +139,49 @@ HWND SeeBoard(const Process& program, const wchar_t* shotName) {
     return board;
 }
 
+/// A window of the board's class that will not close, on a thread of its own, standing for a
+/// running copy that is stuck.
+class StuckBoard {
+  public:
+    StuckBoard() {
+        thread_ = std::thread([this] { Run(); });
+        e2e::WaitUntil([this] { return window_ != nullptr; });
+    }
+    ~StuckBoard() {
+        PostMessageW(window_, WM_APP, 0, 0);
+        thread_.join();
+    }
+    StuckBoard(const StuckBoard&) = delete;
+    StuckBoard& operator=(const StuckBoard&) = delete;
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+        if (message == WM_CLOSE)
+            return 0;  // stuck: ignores even the forced close
+        if (message == WM_APP) {
+            DestroyWindow(window);
+            PostQuitMessage(0);
+            return 0;
+        }
+        return DefWindowProcW(window, message, w, l);
+    }
+    void Run() {
+        WNDCLASSW windowClass{};
+        windowClass.lpfnWndProc = Procedure;
+        windowClass.hInstance = GetModuleHandleW(nullptr);
+        windowClass.lpszClassName = e2e::kBoardClass;
+        RegisterClassW(&windowClass);
+        window_ = CreateWindowW(e2e::kBoardClass, L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
+                                windowClass.hInstance, nullptr);
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0)
+            DispatchMessageW(&message);
+        UnregisterClassW(e2e::kBoardClass, windowClass.hInstance);
+    }
+    std::thread thread_;
+    HWND window_ = nullptr;
+};
+
 class Installer : public ::testing::Test {
   protected:
     void SetUp() override { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
@@ -149,6 +194,12 @@ class Installer : public ::testing::Test {
 
 TEST_F(Installer, InstallsStartsUpgradesAndUninstallsCleanly) {
     const std::filesystem::path folder = kFolder;
+    {
+        SCOPED_TRACE("a running copy that will not close stops the install, which says why");
+        StuckBoard stuck;
+        EXPECT_EQ(RunToEnd(SetupCommand() + L" /D=" + kFolder), 2u);
+        EXPECT_FALSE(std::filesystem::exists(folder));
+    }
     SCOPED_TRACE("install silently, with the demo contacts");
     ASSERT_EQ(RunToEnd(SetupCommand() + L" /DEMO /D=" + kFolder), 0u);
     for (const wchar_t* file : kInstalled)
@@ -189,18 +240,26 @@ TEST_F(Installer, InstallsStartsUpgradesAndUninstallsCleanly) {
         EXPECT_EQ(e2e::ReadSetting(L"DdShowBtn"), 1u);
     }
     {
-        SCOPED_TRACE("uninstall silently while the program runs");
+        SCOPED_TRACE("uninstall silently while the program runs, the contacts file changed");
+        // The person has made the demo contacts their own: the file is theirs now.
+        std::ofstream(folder / L"Contacts.vcf", std::ios::app) << "BEGIN:VCARD\r\nEND:VCARD\r\n";
+        const auto contactsSize = std::filesystem::file_size(folder / L"Contacts.vcf");
         Process program = StartInstalled();
         ASSERT_NE(SeeBoard(program, nullptr), nullptr);
         const std::wstring uninstall = L"\"" + (folder / L"Uninstall.exe").wstring() + L"\" /S";
         EXPECT_EQ(RunToEnd(uninstall), 0u);
         EXPECT_EQ(program.WaitExit(e2e::kStepTimeoutMs), 0u) << "the running copy was not closed";
-        // The uninstaller goes on from a copy of itself: wait for its work to show.
+        // The uninstaller goes on from a copy of itself; the last file it removes is itself.
         EXPECT_TRUE(
-            e2e::WaitUntil([&] { return !std::filesystem::exists(folder); }, kInstallTimeoutMs));
+            e2e::WaitUntil([&] { return !std::filesystem::exists(folder / L"Uninstall.exe"); },
+                           kInstallTimeoutMs));
         std::error_code ignored;
-        for (const auto& left : std::filesystem::recursive_directory_iterator(folder, ignored))
-            ADD_FAILURE() << "left behind: " << left.path().wstring();
+        for (const auto& left : std::filesystem::recursive_directory_iterator(folder, ignored)) {
+            if (left.path().filename() != L"Contacts.vcf")
+                ADD_FAILURE() << "left behind: " << left.path().wstring();
+        }
+        ASSERT_TRUE(std::filesystem::exists(folder / L"Contacts.vcf"));
+        EXPECT_EQ(std::filesystem::file_size(folder / L"Contacts.vcf"), contactsSize);
         EXPECT_FALSE(std::filesystem::exists(Shortcut()));
         EXPECT_FALSE(EntryText(L"DisplayName").has_value());
         EXPECT_TRUE(UserKeyExists());

@@ -1,7 +1,8 @@
 ; The Dialdeck installer. Built by packaging/CMakeLists.txt, which passes:
 ;   VERSION    the project's version, "major.minor.patch"
 ;   PUBLISHER  the publisher shown in the list of installed programs
-;   STAGE      the folder holding the files to install, laid out as installed
+;   STAGE      the folder holding the files to install, laid out as installed; beside it
+;              STAGE-skin.nsh lists the skin's bitmaps
 ;   OUTFILE    the installer to write
 ; Silent use: Setup.exe /S [/DEMO] [/D=C:\Folder]  and  Uninstall.exe /S
 ; Uninstalling removes only what was installed: the board, the settings and the contacts file of
@@ -16,6 +17,8 @@ RequestExecutionLevel admin
 !include "FileFunc.nsh"
 !include "LogicLib.nsh"
 !include "WinMessages.nsh"
+
+!include "${STAGE}-skin.nsh"
 
 !define PRODUCT "Dialdeck"
 !define BOARD_CLASS "Orvalis_Dialdeck_Wnd_Class"
@@ -102,7 +105,7 @@ Section "${PRODUCT} (required)" SecProgram
     File "${STAGE}/OrvalisPimServ.dll"
     File "${STAGE}/DialdeckSkinskin.ini"
     SetOutPath "$INSTDIR\DialdeckSkin"
-    File "${STAGE}/DialdeckSkin/*.bmp"
+    !insertmacro INSTALL_SKIN_FILES
     SetOutPath "$INSTDIR"
     WriteUninstaller "$INSTDIR\Uninstall.exe"
 
@@ -167,7 +170,7 @@ Section "Uninstall"
     Delete "$INSTDIR\DialdeckResVga.dll"
     Delete "$INSTDIR\OrvalisPimServ.dll"
     Delete "$INSTDIR\DialdeckSkinskin.ini"
-    Delete "$INSTDIR\DialdeckSkin\*.bmp"
+    !insertmacro UNINSTALL_SKIN_FILES
     RMDir "$INSTDIR\DialdeckSkin"
 
     ReadRegStr $0 HKLM "${UNINSTALL_KEY}" "DemoContactsTime"

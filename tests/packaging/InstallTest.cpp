@@ -243,6 +243,9 @@ TEST_F(Installer, InstallsStartsUpgradesAndUninstallsCleanly) {
         SCOPED_TRACE("uninstall silently while the program runs, the contacts file changed");
         // The person has made the demo contacts their own: the file is theirs now.
         std::ofstream(folder / L"Contacts.vcf", std::ios::app) << "BEGIN:VCARD\r\nEND:VCARD\r\n";
+        // And has added a bitmap of their own to the skin.
+        const std::filesystem::path ownBitmap = folder / L"DialdeckSkin" / L"small_btn_add.bmp";
+        std::filesystem::copy_file(folder / L"DialdeckSkin" / L"big_btn_add.bmp", ownBitmap);
         const auto contactsSize = std::filesystem::file_size(folder / L"Contacts.vcf");
         Process program = StartInstalled();
         ASSERT_NE(SeeBoard(program, nullptr), nullptr);
@@ -255,11 +258,15 @@ TEST_F(Installer, InstallsStartsUpgradesAndUninstallsCleanly) {
                            kInstallTimeoutMs));
         std::error_code ignored;
         for (const auto& left : std::filesystem::recursive_directory_iterator(folder, ignored)) {
-            if (left.path().filename() != L"Contacts.vcf")
-                ADD_FAILURE() << "left behind: " << left.path().wstring();
+            const std::filesystem::path& path = left.path();
+            if (path.filename() != L"Contacts.vcf" && path != ownBitmap &&
+                path != ownBitmap.parent_path()) {
+                ADD_FAILURE() << "left behind: " << path.wstring();
+            }
         }
         ASSERT_TRUE(std::filesystem::exists(folder / L"Contacts.vcf"));
         EXPECT_EQ(std::filesystem::file_size(folder / L"Contacts.vcf"), contactsSize);
+        EXPECT_TRUE(std::filesystem::exists(ownBitmap));
         EXPECT_FALSE(std::filesystem::exists(Shortcut()));
         EXPECT_FALSE(EntryText(L"DisplayName").has_value());
         EXPECT_TRUE(UserKeyExists());

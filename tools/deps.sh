@@ -2,7 +2,7 @@
 # Installs the Debian packages the builds and tests need, when any is missing (run as root).
 set -e
 packages="cmake make g++ googletest libgtest-dev libgmock-dev libbenchmark-dev
-    g++-mingw-w64-x86-64 mingw-w64-tools wine64 xvfb xauth clang libclang-rt-14-dev
+    g++-mingw-w64-x86-64 mingw-w64-tools wine64 xvfb xauth clang libclang-rt-14-dev nsis
     clang-format"
 missing=""
 for p in $packages; do

@@ -305,7 +305,8 @@ void BoardWindow::ChoosePhone(int32_t slot, uint32_t oid, const Str& number, con
 
 void BoardWindow::Call(int32_t slot) {
     const int index = board_.FindBySlot(slot);
-    if (index < 0)
+    // A button bound to a contact without numbers has nothing to call.
+    if (index < 0 || board_.EntryAt(index).phone.IsEmpty())
         return;
     CallNumber(slot, board_.EntryAt(index).phone);
 }

@@ -55,8 +55,7 @@ void BoardWindow::Activate(int position) {
         Call(slot);
         return;
     }
-    // A free button opens the contact picker, which binds the chosen number to the slot; the
-    // picker window joins the board in a later step, and until then a free button does nothing.
+    FillFreeButton(position);
 }
 
 LRESULT BoardWindow::OnActivateMessage(HWND hwnd, WPARAM wParam, LPARAM lParam) {

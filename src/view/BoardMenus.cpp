@@ -60,10 +60,17 @@ MenuModel BuildMainMenu(const ButtonMenuState& selected, const ViewState& view,
 MenuModel BuildContextMenu(const ButtonMenuState& button, const MenuTexts& texts) {
     MenuModel menu;
     menu.AddInert(IDM_BUTTON_NAME, button.name);
-    menu.Add(IDM_SEND_SMS, texts(IDS_SEND_SMS));
-    Str call;
-    call.Format(u"%s %s", texts(IDS_CALL).c_str(), button.phone.c_str());
-    menu.Add(IDM_CALL_FIRST, call);
+    // A contact bound without a number keeps both items in place, greyed: there is nothing to
+    // message or call.
+    if (button.phone.IsEmpty()) {
+        menu.AddInert(IDM_SEND_SMS, texts(IDS_SEND_SMS));
+        menu.AddInert(IDM_CALL_FIRST, texts(IDS_CALL));
+    } else {
+        Str call;
+        call.Format(u"%s %s", texts(IDS_CALL).c_str(), button.phone.c_str());
+        menu.Add(IDM_SEND_SMS, texts(IDS_SEND_SMS));
+        menu.Add(IDM_CALL_FIRST, call);
+    }
     menu.AddSeparator();
     menu.Add(IDM_RENAME, texts(IDS_RENAME));
     Str dialer = texts(IDS_DIALER_BUTTON);

@@ -19,6 +19,8 @@
 class ButtonPanel;
 class ContactsSession;
 class Skin;
+struct PickerLook;
+struct PickerRequest;
 
 /// The board window's class; a running copy of the program is found by it.
 constexpr wchar_t kBoardWindowClass[] = L"Orvalis_Dialdeck_Wnd_Class";
@@ -79,6 +81,15 @@ class BoardWindow : public WndBase {
 
     /// A tap on `position`: a bound button is called; a free one opens the contact picker.
     void Activate(int position);
+    /// Opens the contact picker for the free button at `position`; a choice binds the contact
+    /// and number to its slot, stores that entry, adds a page when the slot is on the last page
+    /// and repaints the cell. Nothing happens on a bound button or when the picker is cancelled.
+    void FillFreeButton(int position);
+    /// What runs the contact picker: RunContactPicker unless a test put another in.
+    using PickerFn = int (*)(PickerRequest& request, HWND owner);
+    static PickerFn SetPickerRunner(PickerFn picker);
+    /// The picker's colours, fonts and list bitmaps, lent from the board's skin.
+    PickerLook PickerLookOf() const;
     /// Makes `position` the selection, repainting the old and the new cell with the margin the
     /// selection frame needs.
     void Select(int position);

@@ -173,6 +173,28 @@ TEST(BoardMenusTest, ContextMenuWithoutNumbersToChooseHasNoPhoneSubMenu) {
                                            u"-", u"Rename", u"Dialer Button", u"Clear"}));
 }
 
+TEST(BoardMenusTest, ContextMenuOfAContactWithoutANumberGreysMessageAndCall) {
+    ButtonMenuState s = Anna();
+    s.phone = u"";
+    s.phones.clear();
+    const MenuModel menu = BuildContextMenu(s, Text);
+    EXPECT_EQ(Texts(menu),
+              (std::vector<std::u16string>{u"Anna Lindqvist", u"Send SMS", u"Call", u"-", u"Rename",
+                                           u"Dialer Button (5)", u"Clear"}));
+    EXPECT_EQ(menu.At(1).id, static_cast<uint32_t>(IDM_SEND_SMS));
+    EXPECT_FALSE(menu.At(1).enabled);
+    EXPECT_EQ(menu.At(2).id, static_cast<uint32_t>(IDM_CALL_FIRST));
+    EXPECT_FALSE(menu.At(2).enabled);
+    EXPECT_TRUE(menu.At(4).enabled);
+    EXPECT_TRUE(menu.At(6).enabled);
+}
+
+TEST(BoardMenusTest, ContextMenuOfANumberKeepsMessageAndCallEnabled) {
+    const MenuModel menu = BuildContextMenu(Anna(), Text);
+    EXPECT_TRUE(menu.At(1).enabled);
+    EXPECT_TRUE(menu.At(2).enabled);
+}
+
 TEST(BoardMenusTest, PhoneSubMenuStopsAt99NumbersAndIdsStayApart) {
     ButtonMenuState s = Anna();
     s.phones.assign(150, PhoneChoice{u"1", u"x"});

@@ -130,7 +130,7 @@ TEST_F(BoardPickerTest, AChoiceIsBoundStoredAndPainted) {
     EXPECT_EQ(entry.oid, kNewOid);
     EXPECT_EQ(entry.phone, Str(u"+4687654321"));
     EXPECT_EQ(entry.typeLabel, Str(u"Home"));
-    EXPECT_EQ(DisplayName(entry), Str(u"Zoe Quist"));
+    EXPECT_EQ(DisplayName(entry), Str(u"Quist, Zoe"));
     // The new entry alone was added to what is stored.
     const std::vector<std::u16string> after = StoredBoard();
     ASSERT_EQ(after.size(), before.size() + 1);
@@ -143,7 +143,7 @@ TEST_F(BoardPickerTest, AChoiceIsBoundStoredAndPainted) {
     EXPECT_FALSE(GetUpdateRect(Hwnd(), nullptr, FALSE));
     Tap(kFreeSlot);
     ASSERT_EQ(Calls().size(), 1u);
-    EXPECT_EQ(Calls()[0].name, u"Zoe Quist");
+    EXPECT_EQ(Calls()[0].name, u"Quist, Zoe");
 }
 
 TEST_F(BoardPickerTest, CancelLeavesTheButtonFreeAndNothingStored) {

@@ -1,5 +1,6 @@
 #include "BoardDriver.h"
 
+#include <fstream>
 #include <utility>
 
 namespace e2e {
@@ -127,6 +128,12 @@ Sandbox::Sandbox(const Contents& contents) {
         Copy(L"DialdeckResVga.dll", folder_);
     if (contents.skinFolder)
         std::filesystem::create_directories(folder_ / L"DialdeckSkin");
+    if (contents.searchService)
+        Copy(L"OrvalisPimServ.dll", folder_);
+    if (contents.contacts != nullptr) {
+        std::ofstream file(folder_ / L"Contacts.vcf", std::ios::binary);
+        file << contents.contacts;
+    }
 }
 
 bool Sandbox::AddFixture(const wchar_t* fixture) {

@@ -35,9 +35,11 @@ bool WaitUntil(Condition done, DWORD timeoutMs = kStepTimeoutMs) {
 
 /// What the sandbox holds beside the program.
 struct Contents {
-    bool normalLibrary = false;  ///< DialdeckRes.dll
-    bool vgaLibrary = false;     ///< DialdeckResVga.dll
-    bool skinFolder = false;     ///< an empty DialdeckSkin folder
+    bool normalLibrary = false;      ///< DialdeckRes.dll
+    bool vgaLibrary = false;         ///< DialdeckResVga.dll
+    bool skinFolder = false;         ///< an empty DialdeckSkin folder
+    bool searchService = false;      ///< OrvalisPimServ.dll, the contacts search service
+    const char* contacts = nullptr;  ///< written to Contacts.vcf when given (UTF-8 vCard text)
 };
 
 /// One started program.

@@ -120,7 +120,7 @@ class GuideShots : public ::testing::Test {
         EXPECT_TRUE(shot::SavePng(image, e2e::ScreenshotPath(name).c_str()));
     }
 
-    Sandbox sandbox_{Contents{.normalLibrary = true, .vgaLibrary = true}};
+    Sandbox sandbox_{Contents{.normalLibrary = true, .vgaLibrary = true, .searchService = true}};
     Process process_;
     HWND board_ = nullptr;
 };
@@ -141,6 +141,38 @@ TEST_F(GuideShots, ContextMenu) {
     PostMessageW(board_, WM_KEYDOWN, VK_RETURN, 1);
     ASSERT_TRUE(WaitForPopups(kMenuClass));
     Shoot(L"guide-context-menu.png");
+}
+
+BOOL CALLBACK KeepTopChild(HWND child, LPARAM param) {
+    HWND& top = *reinterpret_cast<HWND*>(param);
+    RECT mine{};
+    RECT kept{};
+    GetWindowRect(child, &mine);
+    if (top != nullptr)
+        GetWindowRect(top, &kept);
+    if (top == nullptr || mine.top < kept.top)
+        top = child;
+    return TRUE;
+}
+
+TEST_F(GuideShots, Picker) {
+    // The demo board's second page has its third button free.
+    PostMessageW(board_, WM_COMMAND, IDM_NEXT_PAGE, 0);
+    Key(VK_RIGHT);
+    Key(VK_RIGHT);
+    Key(VK_RETURN);
+    ASSERT_TRUE(WaitForPopups(L"#32770"));
+    const HWND picker = PopupsOf(process_, board_, L"#32770").front();
+    HWND list = nullptr;
+    EnumChildWindows(picker, &KeepTopChild, reinterpret_cast<LPARAM>(&list));
+    ASSERT_NE(list, nullptr);
+    // The phone's digit keys: M-u, as in "Müller"; the list passes them on to the keypad.
+    for (WPARAM digit : {WPARAM{'6'}, WPARAM{'8'}}) {
+        PostMessageW(list, WM_KEYDOWN, digit, 1);
+        Sleep(200);
+        PostMessageW(list, WM_KEYUP, digit, 0xC0000001);
+    }
+    Shoot(L"guide-picker.png");
 }
 
 TEST_F(GuideShots, RenameDialog) {

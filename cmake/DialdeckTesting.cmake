@@ -23,9 +23,15 @@ function(dd_add_test name)
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LIBS} ${DD_GTEST_MAIN} dd_warnings)
     target_compile_definitions(${name} PRIVATE DD_FIXTURES="${PROJECT_SOURCE_DIR}/tests/fixtures")
+    # Under Wine the Win32 layer's tests share the prefix's registry, windows and desktop, so they
+    # take turns; the portable core's tests (in-memory seams) run beside them and each other.
+    set(lock)
+    if(DD_WIN32 AND name MATCHES "(^|_)win_tests$")
+        set(lock RESOURCE_LOCK wine_desktop)
+    endif()
     gtest_discover_tests(${name}
         DISCOVERY_MODE PRE_TEST
         NO_PRETTY_VALUES
         DISCOVERY_TIMEOUT 120
-        PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+        PROPERTIES TIMEOUT ${ARG_TIMEOUT} ${lock})
 endfunction()

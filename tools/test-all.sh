@@ -66,7 +66,7 @@ windows_tests() {
     rm -f "$log/windows-test.log"
     before_failed=$failed
     before_status=$status
-    run_preset windows -j 1
+    run_preset windows -j 3
     first=$((failed - before_failed))
     [ "$first" -gt 0 ] && [ -f "$log/windows-test.log" ] || return 0
     echo "=== windows: the $first failed test(s) once more"

@@ -181,8 +181,9 @@ TEST_F(BoardMenuTest, ButtonClearedWhileTheMenuIsOpenTakesNoChoice) {
     HoldAndChoose(3, IDM_DIALER_FIRST + 4);
     const std::vector<std::u16string> afterClear = StoredBoard();
     EXPECT_EQ(EntryOf(3), nullptr);
-    HoldAndChoose(3, IDM_CALL_FIRST);  // a free button: no menu, no call
+    HoldAndChoose(3, IDM_CALL_FIRST);  // a free button: no menu, no call, the picker instead
     EXPECT_TRUE(Calls().empty());
+    EXPECT_EQ(board_use::PickerRuns(), 1);
     EXPECT_EQ(StoredBoard(), afterClear);
     EXPECT_EQ(Entry(4).btn, 12);  // nobody lost a number to a vanished button
 }

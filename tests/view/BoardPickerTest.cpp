@@ -59,7 +59,7 @@ class BoardPickerTest : public BoardUse {
     void SetUp() override {
         BoardUse::SetUp();
         Script() = PickerScript{};
-        previousPicker_ = BoardWindow::SetPickerRunner(&ScriptedPicker);
+        fixturePicker_ = BoardWindow::SetPickerRunner(&ScriptedPicker);
         FakeContact zoe;
         zoe.first = u"Zoe";
         zoe.last = u"Quist";
@@ -68,7 +68,7 @@ class BoardPickerTest : public BoardUse {
         contacts_.contacts[kNewOid] = zoe;
     }
     void TearDown() override {
-        BoardWindow::SetPickerRunner(previousPicker_);
+        BoardWindow::SetPickerRunner(fixturePicker_);
         BoardUse::TearDown();
     }
 
@@ -89,7 +89,7 @@ class BoardPickerTest : public BoardUse {
         Up(Centre(position));
     }
 
-    BoardWindow::PickerFn previousPicker_ = nullptr;
+    BoardWindow::PickerFn fixturePicker_ = nullptr;
 };
 
 TEST_F(BoardPickerTest, TapOnAFreeButtonOpensThePickerForANumberWithTheBoardsLook) {

@@ -20,6 +20,7 @@
 #include "base/Registry.h"
 #include "base/SettingsStore.h"
 #include "board/DialBoard.h"
+#include "picker/ContactPicker.h"
 #include "testing/ManualTimers.h"
 #include "view/BoardWindow.h"
 #include "win/PopupMenu.h"
@@ -48,6 +49,17 @@ inline std::vector<uint32_t>& Pulses() {
 
 inline void RecordPulse(uint32_t ms) {
     Pulses().push_back(ms);
+}
+
+/// How often the board opened the contact picker; the stand-in picker cancels.
+inline int& PickerRuns() {
+    static int runs = 0;
+    return runs;
+}
+
+inline int CancelPicker(PickerRequest&, HWND) {
+    ++PickerRuns();
+    return 2;
 }
 
 inline int& AlertAnswer() {
@@ -103,6 +115,9 @@ class BoardUse : public ::testing::Test {
         previousAlert_ = SetAlertHandler(&AnswerAlert);
         previousPlacer_ = BoardWindow::SetCallPlacer(&RecordCall);
         previousPulse_ = BoardWindow::SetPulseRequester(&RecordPulse);
+        // A free button tapped by a test opens no real dialog: the picker has tests of its own.
+        PickerRuns() = 0;
+        previousPicker_ = BoardWindow::SetPickerRunner(&CancelPicker);
         InstallMenuChooser([this](const MenuModel& model, Point at, MenuAlign align) {
             menus_.push_back({model, at, align});
             if (duringMenu_)
@@ -131,6 +146,7 @@ class BoardUse : public ::testing::Test {
         InstallMenuChooser(nullptr);
         BoardWindow::SetCallPlacer(previousPlacer_);
         BoardWindow::SetPulseRequester(previousPulse_);
+        BoardWindow::SetPickerRunner(previousPicker_);
         SetAlertHandler(previousAlert_);
         ForgetStoredBoard();
         registry::KeyHolder settingsKey(registry::Open(u"Software\\Orvalis\\PIM\\Settings"));
@@ -206,6 +222,7 @@ class BoardUse : public ::testing::Test {
     AlertHandler previousAlert_ = nullptr;
     BoardWindow::CallPlacerFn previousPlacer_ = nullptr;
     BoardWindow::PulseFn previousPulse_ = nullptr;
+    BoardWindow::PickerFn previousPicker_ = nullptr;
 };
 
 }  // namespace board_use
